@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+// The widget library, `vellomar-lorimel`: it draws the control bar, its drop-down windows and the
+// sketch bar, and calls back when the user acts. The plug-in describes every button with a
+// BtnParams record; the library decides how it looks.
+//
+// Thread: the plug-in calls the members on the host's loop thread. The library calls back on its
+// own user-interface thread, and only while the loop thread waits inside one of its members or does
+// not call the plug-in at all.
+//
+// Memory: a record and its texts belong to whoever passes them. The plug-in keeps a text valid
+// until it changes the same record again; a list that the show-window callback returned is valid
+// until the same list is asked for again.
+//
+// Errors: a member that answers false has changed nothing. Nothing is thrown.
+#pragma once
+
+#include <cstdint>
+
+#include "vellomar/record_layout.h"
+
+#if defined(_WIN32) && defined(VELLOMAR_LORIMEL_BUILD)
+#  define VELLOMAR_LORIMEL_API __declspec(dllexport)
+#elif defined(_WIN32)
+#  define VELLOMAR_LORIMEL_API __declspec(dllimport)
+#else
+#  define VELLOMAR_LORIMEL_API __attribute__((visibility("default")))
+#endif
+
+namespace VELLOMAR_LORIMEL {
+
+// Buttons and list items. The numbers are the widget library's; the bar's own are 1000 to 1091.
+enum class EventKey : std::int32_t {
+  GroupHeader = -1,   // a caption in a list, not clickable
+  MainWindow = 1000,  // the bar itself, for GetPositionByEventKey
+  MuteAudio = 1001,
+  MuteCamera = 1002,
+  Participants = 1003,
+  HostControl = 1004,
+  AnnotatePermission = 1005,
+  RemoteControl = 1006,
+  Chat = 1007,
+  More = 1008,
+  Interpretation = 1009,
+  Reaction = 1010,
+  AskHostForHelp = 1011,
+  ShareNew = 1012,
+  StopSharing = 1013,
+  Leave = 1014,
+  Record = 1015,
+  AudioDevices = 1018,
+  Speaker = 1019,
+  CameraDevices = 1020,
+  JoinPermission = 1022,
+  MoveNew = 1023,
+  OnlyHostShare = 1024,
+  OnlyHostReshare = 1025,
+  NewParticipantMic = 1026,
+  MicOperate = 1027,
+  MuteAll = 1028,
+  CancelMuteAll = 1029,
+  Subtitles = 1031,
+  LiveStream = 1032,
+  Labs = 1033,
+  PhoneInvite = 1034,
+  SipInvite = 1035,
+  ShareAudio = 1037,
+  ParticipantRow = 1039,
+  StopRemoteControl = 1040,
+  ControlbarSwitch = 1041,
+  Annotate = 1042,
+  SketchSelect = 1043,
+  SketchMouse = 1044,
+  SketchPen = 1045,
+  SketchColor = 1046,
+  SketchUndo = 1047,
+  SketchClear = 1048,
+  SketchPen1 = 1050,
+  SketchPen2 = 1051,
+  SketchPen3 = 1052,
+  SketchPen4 = 1053,
+  SketchPen5 = 1054,
+  SketchColorNone = 1055,
+  SketchColor1 = 1056,
+  SketchColor2 = 1057,
+  SketchColor3 = 1058,
+  SketchColor4 = 1059,
+  SketchClearMine = 1060,
+  SketchClearOthers = 1061,
+  SketchClearAll = 1062,
+  HostControlWindow = 1065,
+  NetworkStrength = 1067,
+  RecordIndicator = 1069,
+  InfoText = 1070,
+  MeetingIdExpand = 1071,
+  SharingIndicator = 1072,
+  PauseIndicator = 1073,
+  ShareMeetingName = 1074,
+  SharingOptions = 1075,
+  LiveIndicator = 1076,
+  WidgetMoving = 1077,
+  ExternalMeeting = 1078,
+  SubRoomName = 1079,
+  MicrophoneItem = 1080,
+  CameraItem = 1081,
+  InterpretationItem = 1082,
+  ManageInterpretation = 1083,
+  Separator = 1084,
+  MuteOrigin = 1085,
+  OptimizeForVideoClips = 1086,
+  KeepMyVideoOnTheScreen = 1087,
+  OnlyThePresenterCanAnnotate = 1088,
+  TestSpeakMic = 1089,
+  Settings = 1090,
+  LeaveSubRoom = 1092,  // comes from the library only; the bar has no record for it
+};
+
+// Bits of BtnParams::status.
+enum : std::int32_t {
+  kStatusOn = 1,        // on, checked, selected
+  kStatusHidden = 2,    //
+  kStatusDisabled = 4,  //
+  kStatusUnread = 8,    // ControlbarSwitch: chat messages wait
+};
+
+// Whole values of BtnParams::status with a meaning of their own.
+enum : std::int32_t {
+  kStatusLoading = 20,            // Annotate, while the sketch bar loads
+  kStatusDeviceMuted = 32,        // MuteAudio and MuteCamera, device status 0
+  kStatusDeviceUnavailable = 68,  // MuteAudio and MuteCamera, device status 2
+};
+
+// One button of a bar or one row of a list. 56 bytes in the 32-bit interface.
+struct BtnParams {
+  EventKey key;
+  bool hasExpand;             // the button has a part that opens a drop-down window
+  const char* objectName;     // the item's style name ("CameraItem"); null for buttons of the bar
+  const char* text;           // the label; null: none
+  std::uint32_t reserved[2];  // zero
+  const char* valueText;  // of an item, what identifies it (a device id); of a button, its own text
+  std::int32_t status;    // kStatus...
+  const char* toolTip;
+  const char* secondToolTip;  // InfoText only
+  const char* iconPath;       // the icon's file name; null: the icon that goes with the key
+  const char* subLabel;       // Chat: the number of unread messages
+  const char* extraText;
+  std::int32_t groupValue;  // radio items: the index of the checked one in their group
+};
+VELLOMAR_FIXED_OFFSET(BtnParams, hasExpand, 4)
+VELLOMAR_FIXED_OFFSET(BtnParams, objectName, 8)
+VELLOMAR_FIXED_OFFSET(BtnParams, text, 12)
+VELLOMAR_FIXED_OFFSET(BtnParams, reserved, 16)
+VELLOMAR_FIXED_OFFSET(BtnParams, valueText, 24)
+VELLOMAR_FIXED_OFFSET(BtnParams, status, 28)
+VELLOMAR_FIXED_OFFSET(BtnParams, toolTip, 32)
+VELLOMAR_FIXED_OFFSET(BtnParams, secondToolTip, 36)
+VELLOMAR_FIXED_OFFSET(BtnParams, iconPath, 40)
+VELLOMAR_FIXED_OFFSET(BtnParams, subLabel, 44)
+VELLOMAR_FIXED_OFFSET(BtnParams, extraText, 48)
+VELLOMAR_FIXED_OFFSET(BtnParams, groupValue, 52)
+VELLOMAR_FIXED_SIZE(BtnParams, 56)
+
+// A bubble with a chat message.
+struct TipWindowInfo {
+  const char* avatarPath;  // empty: none
+  const char* senderName;
+  const char* text;
+  const char* participantKey;
+};
+
+// A bubble that asks for confirmation, and the rectangle of the button that it belongs to.
+struct ConfirmTipWindowInfo {
+  const char* title;
+  const char* text;
+  const char* confirmText;
+  int x, y, width, height;
+};
+
+// The bar was created, or (isMain false) a pop-up window of it. Handles are the library's own.
+using CreatedCallback = void(void* handle, int x, int y, int width, int height, bool isMain,
+                             std::uint64_t id);
+using ClosedCallback = void(void* handle);
+// The user pressed a button or picked an item. The record belongs to the library.
+using EventCallback = void(BtnParams& params);
+// Answers the rows of the drop-down window of `key` and sets `count`; null where it has none.
+using ShowWindowCallback = BtnParams*(EventKey key, int& count);
+
+class VELLOMAR_LORIMEL_API Lorimel {
+ public:
+  // The one instance, created at the first call. It belongs to the library.
+  static Lorimel* GetInstance();
+
+  // Creates the bar for the display rectangle x, y, width, height. `onCreated` has been called for
+  // the main window when it returns true. `params` are the records of keys 1000 and up, copied with
+  // their texts before it returns. `type` is the meeting sub type, `simplify` asks for a bar with
+  // the most needed buttons only. The boolean before `params` is not used.
+  bool CreateControlbar(const char* title, std::int64_t x, std::int64_t y, std::int64_t width,
+                        std::int64_t height, CreatedCallback* onCreated, ClosedCallback* onClosed,
+                        bool unused, BtnParams* params, int paramsCount, int type, bool simplify);
+  bool ShowControlbar(void*& handle, bool show);
+  // The closed callback comes during the call or later.
+  bool CloseSharedControlbar();
+
+  bool SetControlbarEventCallback(EventCallback* callback);
+  bool SetShowWindowCallback(ShowWindowCallback* callback);
+
+  // Takes over the changed record of one button, on whichever bar it is.
+  bool SetEventKey(BtnParams& params);
+  // The rectangle on the screen, in pixels, of a button or of the bar (MainWindow). False, and the
+  // numbers untouched, where it is not shown.
+  bool GetPositionByEventKey(EventKey key, int& x, int& y, int& width, int& height);
+
+  void SetMeetingDuration(std::uint64_t seconds);  // the clock runs on from here
+  bool SetMicVolume(int volume);                   // 0 to 100
+
+  void ShowControlbarButtonTip(EventKey key, const char* text, bool a, int b, bool c);
+  void ShowControlbarButtonTipByInfo(EventKey key, TipWindowInfo& info);
+  bool ShowControlbarButtonConfirmTipByInfo(EventKey key, ConfirmTipWindowInfo& info);
+
+  // The operating system's handle of a window of the library; 0 where there is none.
+  std::uint64_t GetWidgetNativeHandle(void*& handle);
+
+  bool ShowSketchControlbar(bool show);
+  bool ClearSketchDropDown();
+  bool CloseSketchControlbar();
+};
+
+}  // namespace VELLOMAR_LORIMEL

@@ -1,0 +1,94 @@
+/* SPDX-License-Identifier: MIT */
+/* How tools and tests act as the user: the development builds of the widget library export one
+ * function that the library in the field does not have.
+ *
+ *     const LorimelDriver* user = LorimelGetDriver();
+ *     user->press(1001);
+ *
+ * Everything is [UI thread] unless marked: the thread that first called Lorimel::GetInstance. The
+ * development builds have no thread of their own, so the host's loop lends them its thread with
+ * `pump`. Actions call the plug-in back before they return. */
+#ifndef VELLOMAR_LORIMEL_DRIVER_H
+#define VELLOMAR_LORIMEL_DRIVER_H
+
+#include <stdbool.h>
+#include <stdint.h>
+
+#if defined(_WIN32) && defined(VELLOMAR_LORIMEL_BUILD)
+#  define VELLOMAR_LORIMEL_DRIVER_API __declspec(dllexport)
+#elif defined(_WIN32)
+#  define VELLOMAR_LORIMEL_DRIVER_API __declspec(dllimport)
+#else
+#  define VELLOMAR_LORIMEL_DRIVER_API __attribute__((visibility("default")))
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* A copy of what the library holds for a button or a row. Texts are never null and stay valid until
+ * the library is called again. */
+typedef struct LorimelButton {
+  int32_t key;
+  bool hasExpand;
+  const char* objectName;
+  const char* text;
+  const char* valueText;
+  int32_t status;
+  const char* toolTip;
+  const char* secondToolTip;
+  const char* iconPath;
+  const char* subLabel;
+  const char* extraText;
+  int32_t groupValue;
+} LorimelButton;
+
+/* Told of every call that the plug-in makes: the member's name and, for SetEventKey, the record
+ * (else null). [loop thread] */
+typedef void LorimelObserver(void* context, const char* member, const LorimelButton* record);
+
+typedef struct LorimelDriver {
+  const char* name; /* "qt" or "headless" */
+
+  /* Handles what is waiting, then waits up to max_ms for more (0: does not wait). Returns early
+   * after `wake`. */
+  void (*pump)(int32_t max_ms);
+  void (*wake)(void); /* [any thread] */
+
+  /* One observer at most; null removes it. */
+  void (*observe)(LorimelObserver* observer, void* context);
+
+  /* Presses the button. False where a user could not: no bar, hidden, disabled, unknown. The button
+   * turns its "on" bit first where it is one that toggles, as the library does for a user. */
+  bool (*press)(int32_t key);
+  /* Opens the button's drop-down window, asking the plug-in for its rows; answers their number, -1
+   * where a user could not open it. */
+  int32_t (*open)(int32_t key);
+  /* Picks a row of the open window: the first with this key and, unless null, this value text. */
+  bool (*pick)(int32_t key, const char* valueText);
+  /* Closes the open window, if any. */
+  void (*closeList)(void);
+  /* Closes the bar as the user does with the window's own means. */
+  bool (*closeBar)(void);
+
+  /* What the library holds. False, or 0, where there is nothing. */
+  bool (*button)(int32_t key, LorimelButton* out);
+  int32_t (*rowCount)(void);
+  bool (*row)(int32_t index, LorimelButton* out);
+  bool (*barVisible)(void);
+
+  /* Writes a PNG of the bar with what is open around it. False where there is no picture to take.
+   */
+  bool (*screenshot)(const char* path);
+} LorimelDriver;
+
+/* Never null. The record belongs to the library. [any thread] */
+VELLOMAR_LORIMEL_DRIVER_API const LorimelDriver* LorimelGetDriver(void);
+
+typedef const LorimelDriver* LorimelGetDriverFunction(void);
+
+#ifdef __cplusplus
+} /* extern "C" */
+#endif
+
+#endif /* VELLOMAR_LORIMEL_DRIVER_H */
