@@ -4,7 +4,9 @@
 namespace vellomar_widgets {
 namespace {
 
-std::string Copy(const char* text) { return text != nullptr ? text : ""; }
+std::string Copy(const char* text) {
+  return text != nullptr ? text : "";
+}
 
 const char* OrNull(bool present, const std::string& text) {
   return present ? text.c_str() : nullptr;

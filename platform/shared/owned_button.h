@@ -19,8 +19,8 @@ struct OwnedButton {
 
   // The record as the driver hands it out; its texts point into this object.
   LorimelButton View() const;
-  // The record as the event callback takes it; its texts point into this object. The object name is
-  // null where it was null.
+  // The record as the event callback takes it; its texts point into this object, and are null where
+  // the plug-in gave none.
   VELLOMAR_LORIMEL::BtnParams Params() const;
 
   bool Has(std::int32_t status_bits) const { return (status & status_bits) != 0; }

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// What a press does to a record before the plug-in is told: the button turns its "on" bit, a check
+// row its check, a radio row becomes the checked one of its group.
+//
+//     OwnedButton event = AfterPress(button);         // a button of a bar
+//     OwnedButton event = AfterPick(rows, index);     // a row of a drop-down window
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "owned_button.h"
+
+namespace vellomar_widgets {
+
+// The button as it is after the user pressed it.
+OwnedButton AfterPress(const OwnedButton& button);
+
+// The row as it is after the user picked it.
+OwnedButton AfterPick(const std::vector<OwnedButton>& rows, std::size_t index);
+
+// Whether a user can press it: neither hidden nor disabled, and no caption or separator.
+bool CanPress(const OwnedButton& button);
+
+}  // namespace vellomar_widgets
