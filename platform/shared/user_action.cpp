@@ -37,6 +37,25 @@ constexpr std::array kToggles = {
     EventKey::OnlyThePresenterCanAnnotate,
 };
 
+struct DropDown {
+  EventKey opener;
+  EventKey window;
+};
+
+constexpr std::array kDropDowns = {
+    DropDown{EventKey::MuteAudio, EventKey::AudioDevices},
+    DropDown{EventKey::MuteCamera, EventKey::CameraDevices},
+    DropDown{EventKey::HostControl, EventKey::HostControlWindow},
+    DropDown{EventKey::RemoteControl, EventKey::RemoteControl},
+    DropDown{EventKey::More, EventKey::More},
+    DropDown{EventKey::Interpretation, EventKey::Interpretation},
+    DropDown{EventKey::ShareNew, EventKey::ShareNew},
+    DropDown{EventKey::SharingOptions, EventKey::SharingOptions},
+    DropDown{EventKey::InfoText, EventKey::MeetingIdExpand},
+    DropDown{EventKey::SketchPen, EventKey::SketchPen},
+    DropDown{EventKey::SketchClear, EventKey::SketchClear},
+};
+
 }  // namespace
 
 OwnedButton AfterPress(const OwnedButton& button) {
@@ -60,6 +79,18 @@ OwnedButton AfterPick(const std::vector<OwnedButton>& rows, std::size_t index) {
 bool CanPress(const OwnedButton& button) {
   return button.key != EventKey::GroupHeader && button.key != EventKey::Separator &&
          !button.Has(VELLOMAR_LORIMEL::kStatusHidden | VELLOMAR_LORIMEL::kStatusDisabled);
+}
+
+EventKey WindowOf(EventKey button) {
+  const auto* found = std::find_if(kDropDowns.begin(), kDropDowns.end(),
+                                   [button](const DropDown& d) { return d.opener == button; });
+  return found != kDropDowns.end() ? found->window : EventKey::GroupHeader;
+}
+
+EventKey OpenerOf(EventKey window) {
+  const auto* found = std::find_if(kDropDowns.begin(), kDropDowns.end(),
+                                   [window](const DropDown& d) { return d.window == window; });
+  return found != kDropDowns.end() ? found->opener : EventKey::GroupHeader;
 }
 
 }  // namespace vellomar_widgets

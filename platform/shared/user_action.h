@@ -22,4 +22,11 @@ OwnedButton AfterPick(const std::vector<OwnedButton>& rows, std::size_t index);
 // Whether a user can press it: neither hidden nor disabled, and no caption or separator.
 bool CanPress(const OwnedButton& button);
 
+// The drop-down window that a button opens: the key under which the plug-in is asked for its rows.
+// GroupHeader where it has none.
+VELLOMAR_LORIMEL::EventKey WindowOf(VELLOMAR_LORIMEL::EventKey button);
+
+// The button that a drop-down window hangs from; GroupHeader where there is no such window.
+VELLOMAR_LORIMEL::EventKey OpenerOf(VELLOMAR_LORIMEL::EventKey window);
+
 }  // namespace vellomar_widgets
