@@ -62,7 +62,7 @@ typedef struct LorimelDriver {
    * turns its "on" bit first where it is one that toggles, as the library does for a user. */
   bool (*press)(int32_t key);
   /* Opens the button's drop-down window, asking the plug-in for its rows; answers their number, -1
-   * where a user could not open it. */
+   * where a user could not open it. Takes the key of the button or of the window. */
   int32_t (*open)(int32_t key);
   /* Picks a row of the open window: the first with this key and, unless null, this value text. */
   bool (*pick)(int32_t key, const char* valueText);
