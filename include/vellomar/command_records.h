@@ -98,6 +98,13 @@ typedef struct VellomarButtonFlag {
 } VellomarButtonFlag;
 VELLOMAR_FIXED_OFFSET(VellomarButtonFlag, value, 8)
 
+/* The sketch tool to select, an EventKey in the low 32 bits. The flag is there and not read. */
+typedef struct VellomarSketchButton {
+  int64_t key;
+  uint8_t unread;
+} VellomarSketchButton;
+VELLOMAR_FIXED_OFFSET(VellomarSketchButton, unread, 8)
+
 /* Texts by id, or by key for "setTestContentMap". The i-th text belongs to the i-th id; lists of
  * different lengths are refused whole. */
 typedef struct VellomarTextMap {

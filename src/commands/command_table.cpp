@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+// From an event id to an operation of ControlbarManager: decode the record, open the command's
+// trace scope, and have the operation run on the host's loop.
+#include "commands/command_table.h"
+
+#include <functional>
+#include <memory>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include "bridge/antenna_event_loop.h"
+#include "bridge/resources.h"
+#include "commands/decode.h"
+#include "frame/trace_scope.h"
+#include "manager/controlbar_manager.h"
+
+namespace VELLOMAR_CONTROLBAR {
+namespace {
+
+using VELLOMAR_LOG::TraceScope;
+
+// The parameters and result of an operation.
+template <typename Operation>
+struct Signature;
+template <typename R, typename... Ps>
+struct Signature<R (ControlbarManager::*)(Ps...)> {
+  using Result = R;
+  using Parameters = std::tuple<std::remove_cvref_t<Ps>...>;
+};
+
+// Numbers of a record become the operation's own type: what it declares as int gets the low 32
+// bits.
+template <typename To, typename From>
+decltype(auto) ConvertTo(From& value) {
+  if constexpr (std::is_arithmetic_v<To>) {
+    return static_cast<To>(value);
+  } else {
+    return std::move(value);
+  }
+}
+
+template <auto operation, typename Arguments>
+auto Call(Arguments& arguments) {
+  using Parameters = typename Signature<decltype(operation)>::Parameters;
+  static_assert(std::tuple_size_v<Parameters> == std::tuple_size_v<Arguments>,
+                "the record does not have the operation's arguments");
+  ControlbarManager& manager = *ControlbarManager::GetInstance();
+  return [&]<std::size_t... i>(std::index_sequence<i...>) {
+    return (manager.*
+            operation)(ConvertTo<std::tuple_element_t<i, Parameters>>(std::get<i>(arguments))...);
+  }
+  (std::make_index_sequence<std::tuple_size_v<Arguments>>());
+}
+
+template <const char* name, typename Record, auto operation>
+void Post(std::uint64_t, void* payload) {
+  auto arguments = Decode(*static_cast<const Record*>(payload));
+  const TraceScope scope(name);
+  AntennaEventLoop::GetInstance()->PostTask(
+      [arguments = std::move(arguments)]() mutable { Call<operation>(arguments); });
+}
+
+template <const char* name, typename Record, auto operation>
+void Sync(std::uint64_t id, void* payload) {
+  auto& record = *static_cast<Record*>(payload);
+  auto arguments = Decode(record);
+  typename Signature<decltype(operation)>::Result result{};
+  {
+    const TraceScope scope(name);
+    auto run = [&result, &arguments] { result = Call<operation>(arguments); };
+    AntennaEventLoop::Task task(std::ref(run));  // by reference: nothing is copied to the heap
+    AntennaEventLoop::GetInstance()->RunTaskSync(task);
+  }
+  Answer(record, result);
+  // What the answer points to would live here until the host drops it; today it points to nothing.
+  __ResourceCollectionPool__::GetInstance()->Add(id, std::make_shared<__ResourceCollection__>());
+}
+
+template <const char* name>
+void TraceOnly(std::uint64_t, void*) {
+  const TraceScope scope(name);
+}
+
+#define VELLOMAR_COMMAND(id, name, record, route, operation, fields) \
+  constexpr char kName_##name[] = #name;
+#include "vellomar/command_table.def"
+
+}  // namespace
+
+#define VELLOMAR_HANDLER_Post(name, record, operation) \
+  &Post<kName_##name, record, &ControlbarManager::operation>
+#define VELLOMAR_HANDLER_Sync(name, record, operation) \
+  &Sync<kName_##name, record, &ControlbarManager::operation>
+#define VELLOMAR_HANDLER_TraceOnly(name, record, operation) &TraceOnly<kName_##name>
+
+void FillEventTable(EventTable& table) {
+#define VELLOMAR_COMMAND(id, name, record, route, operation, fields) \
+  table.Add(id, VELLOMAR_HANDLER_##route(name, record, operation));
+#include "vellomar/command_table.def"
+}
+
+}  // namespace VELLOMAR_CONTROLBAR

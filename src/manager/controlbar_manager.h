@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+// The one object that talks to the widget library: it creates, shows and closes the bars, brings
+// commands of the host to the buttons, and turns what the user does into notifications.
+//
+//     ControlbarManager::GetInstance()->SetMeetingNumber("123 456 789");
+//
+// Operations run on the host's loop thread, callbacks of the widget library on its own thread while
+// the loop thread waits or is idle. Every operation traces itself in the log; faults are logged and
+// leave the bar as it was.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/singleton.h"
+#include "data/control_bar_data_manager.h"
+#include "frame/notifier.h"
+#include "vellomar/lorimel.h"
+
+namespace VELLOMAR_CONTROLBAR {
+
+class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
+ public:
+  ControlbarManager();
+
+  ControlBarDataManager& Data() { return *m_data; }
+
+  // --- Windows (windows.cpp)
+
+  void InitEventCallback();
+  bool ShowSharedControlbar(std::int64_t x, std::int64_t y, std::int64_t width,
+                            std::int64_t height);
+  bool CloseSharedControlbar();
+  VellomarRect GetMainWindowPosition();
+  void UpdateUIElement(EventKey key);
+  void SetWindowTitle(const std::string& title);
+  void SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
+  void SetTestContentMap(const std::vector<std::uint64_t>& keys, std::vector<std::string> texts);
+  void SetItemValue(EventKey key, bool hasExpend, std::string itemName, std::string itemText,
+                    std::string tag, std::int32_t sta);
+  void SetRegWidgetMovingEvent(bool enable);
+  void SetControlBarSimplifyEnable(bool enable);
+
+  // Callbacks of the widget library. [UI thread]
+  void OnControlbarCreated(void* handle, bool isMain, std::uint64_t id, std::int64_t x,
+                           std::int64_t y, std::int64_t width, std::int64_t height);
+  void OnControlbarClosed(void* handle);
+  BtnParams* OnGetWindowInfo(EventKey key, int& count);
+  void OnUIEvent(BtnParams& params);
+
+  // --- Tips (tips.cpp)
+
+  void ShowButtonTip(EventKey key, const std::string& text, bool a, int b, bool c);
+  void ShowChatMessageTip(const std::string& user_id, const std::string& instance_id,
+                          std::int64_t number, const std::string& sender_name,
+                          const std::string& message);
+
+  // --- Buttons that follow one value (button_commands.cpp)
+
+  void SetAudioStatus(std::int64_t status);
+  void SetCameraStatus(std::int64_t status);
+  void SetParticipantsStatus(bool open);
+  void SetInteraction(bool enable, bool is_show);
+  void SetRemoteControlEnabled(bool enable);
+  void SetSubtitleEnable(bool enable);
+  void SetPhoneInviteEnable(bool enable);
+  void SetSipInviteEnable(bool enable);
+  void SetShareAudioEnable(bool enable);
+  void SetLiveEnable(bool enable);
+  void SetRecordVisible(bool visible);
+  void SetReactionVisible(bool visible);
+  void SetExternalMeeting(bool external);
+  void SetAskHostForHelpVisible(bool visible);
+  void SetAskHostForHelpEnable(bool enable);
+  void SetInterpretationOriginEnable(bool enable);
+  void SetInterpretationCloseOrigin(bool status);
+  void SetNetworkStrength(std::int64_t sta);
+  void SetShareScreenMeetingName(const std::string& name);
+  void SetParticipantsCount(int count);
+  void SetChatMessageCount(int count);
+  void SetLiveStatus(std::int64_t status, std::int64_t count);
+  void SetRecordStatus(bool recording);
+  void SetShareAudioStatus(bool started);
+  void SetJoinPermission(std::int64_t level);
+  void SetOptimizeForVideoClipsStatus(int visible, int enabled, int checked);
+  void SetKeepMyVideoOnTheScreenStatus(int visible, int enabled, int checked);
+  void SetButtonEnable(EventKey key, bool enable);
+  void SetButtonVisible(EventKey key, bool visible);
+
+  // --- State of the meeting (meeting_commands.cpp)
+
+  void SetHostType(std::int64_t type);
+  void SetParticipantRole(std::int64_t role);
+  void SwitchSubType(std::int64_t from, std::int64_t to);
+  void SetMeetingSubType(std::int64_t type);
+  void SetMeetingSource(std::int64_t source);
+  void SetMeetingNumber(const std::string& number);
+  void SetMeetingDuration(std::uint64_t duration);
+  void SetMicVolume(int volume);
+  void SetSubtitleOpened(bool opened);
+  void SetSketchEnable(bool enable);
+  void SetSketchVisible(bool visible);
+  void SetInterpretationEnable(bool enable);
+  void SetInterpretationSwitchEnable(bool enable);
+  void UpdateInterpreationBtnStatus();
+  void SetShareAccess(std::int64_t onlyHost, std::int64_t onlyHostCanStartAnyTime,
+                      std::int64_t onlyThePresenterCanAnnotate);
+  void SetSharingStatus(bool pause, std::int64_t sta);
+  void SetUnderControl(std::int64_t status, std::string user_id, std::string display_name);
+  void SetRemoteControlPause(bool pause);
+  void SetAudioAndPlaybackInfo(DeviceList microphones, DeviceList speakers);
+  void SetCameraInfo(DeviceList cameras);
+  void SetInterpretationInfo(InterpretationInfo info);
+  void SetMeetingDetailInfo(MeetingDetail detail);
+  void SetHostControlInfo(const VellomarHostControlInfo& info);
+  void UpdateParticipants(const SharedParticipantList& participants);
+  void EnterMeetingSubRoom(std::string room_name, std::string room_id);
+  void LeaveMeetingSubRoom();
+
+  // --- Sketch bar (sketch_bar.cpp)
+
+  bool ShowSketchControlbar(bool show);
+  void SelectSketchBtn(EventKey key);
+  void SetSketchColor(std::int64_t color);
+  void SetSketchbarBtnEnable(EventKey key, bool enable);
+  void SetSketcheLoading(bool loading);
+  void ClearSketchDropDown();
+  void CloseSketchControlbar();
+
+ private:
+  static constexpr char kQualifier[] = "VELLOMAR_CONTROLBAR::ControlbarManager::";
+  class Scope : public VELLOMAR_LOG::TraceScope {
+   public:
+    explicit Scope(const char* function) : TraceScope(function, kQualifier) {}
+  };
+
+  // What an operation does to one button besides its own log line.
+  struct ButtonChange {
+    EventKey key;
+    std::int32_t set = 0;    // status bits
+    std::int32_t clear = 0;  // status bits; all of them to set the whole word
+    std::uint64_t text_id = ControlBarDataManager::kNoText;  // the new label, if any
+  };
+  static constexpr std::int32_t kWholeStatus = -1;
+  static ButtonChange Bit(EventKey key, std::int32_t bit, bool on);
+  static ButtonChange Whole(EventKey key, std::int32_t status,
+                            std::uint64_t text_id = ControlBarDataManager::kNoText);
+
+  // The record of a key; null, with a log line, where there is none.
+  BtnParams* Record(EventKey key);
+  void Change(const ButtonChange& change);  // without showing it
+  void Apply(const ButtonChange& change);   // and shows it
+  // Hands a record to the widget library.
+  void Push(BtnParams& params);
+  // Where a button is on the screen; zeros where it is not shown.
+  static VellomarRect PositionOf(EventKey key);
+  void ShowLeaveTip();
+  void RefreshShareNew();
+  void RefreshSharingIndicators();
+  void RefreshLeaveButton();
+  void RefreshSubRoom(std::string name, bool inside);
+  static void LogDevices(const DeviceList& list);
+  void SetVideoOption(EventKey key, int visible, int enabled, int checked);
+  void SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status);
+
+  // Handlers of user actions (user_actions.cpp). [UI thread]
+  friend struct UserActions;
+  void OnItemValueChanged(const BtnParams& params);
+
+  void* m_handleControlbar = nullptr;
+  std::unique_ptr<ControlBarDataManager> m_data;
+  bool m_key1077Enabled = false;
+  VellomarRect displayRect{};
+  bool m_recreatePending = false;
+  std::uint64_t m_meetingDuration = 0;
+  bool m_simplify = false;
+  bool m_isSharing = false;
+  bool m_isSharingPaused = false;
+  bool m_isRemoteControlPaused = false;
+};
+
+}  // namespace VELLOMAR_CONTROLBAR

@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: MIT
+// Commands that tell what the meeting is like: who the user is, what is shared, which devices,
+// rooms and participants there are.
+#include <utility>
+
+#include "manager/controlbar_manager.h"
+
+namespace VELLOMAR_CONTROLBAR {
+
+using VELLOMAR_LOG::Info;
+using VELLOMAR_LORIMEL::kStatusDisabled;
+using VELLOMAR_LORIMEL::kStatusHidden;
+using VELLOMAR_LORIMEL::kStatusOn;
+using VELLOMAR_LORIMEL::Lorimel;
+
+namespace {
+
+// The buttons keep pointers to them.
+constexpr char kLeaveRoomIcon[] = "icon_leaveroom_filled.icon";
+constexpr char kCallEndIcon[] = "icon_call_end_filled.icon";
+
+constexpr std::uint64_t kLeaveText = 10011;
+constexpr std::uint64_t kLeaveRoomText = 10092;
+
+}  // namespace
+
+void ControlbarManager::SetHostType(std::int64_t type) {
+  const Scope scope(__func__);
+  Info("SetHostType type:{}", type);
+  const bool offers_host_control = type != kHostTypeParticipant && type != kHostTypeAttendee;
+  Apply(Whole(EventKey::HostControl, offers_host_control ? 0 : kStatusHidden, 10003));
+  m_data->SetHostType(type);
+  UpdateInterpreationBtnStatus();
+  RefreshShareNew();
+  SetRecordStatus(m_data->IsRecording());
+  RefreshLeaveButton();
+}
+
+void ControlbarManager::RefreshLeaveButton() {
+  const char* icon = kCallEndIcon;
+  std::uint64_t text_id = kLeaveText;
+  if (m_data->IsInSubRoom()) {
+    if (m_data->GetHostType() == kHostTypeParticipant) {
+      Info("sub room host: leave button icon switch");
+      icon = kLeaveRoomIcon;
+      text_id = kLeaveRoomText;
+    } else {
+      Info("sub room participant: leave button icon switch");
+    }
+  }
+  m_data->SetButtonIconPath(EventKey::Leave, icon);
+  m_data->SetButtonContent(EventKey::Leave, text_id);
+  UpdateUIElement(EventKey::Leave);
+}
+
+void ControlbarManager::SetParticipantRole(std::int64_t role) {
+  const Scope scope(__func__);
+  Info("SetParticipantRole type:{}", role);
+  m_data->SetParticipantRole(role);
+}
+
+void ControlbarManager::SwitchSubType(std::int64_t from, std::int64_t to) {
+  const Scope scope(__func__);
+  Info("switch form subtype:{} to {}", from, to);
+  if (from == to) {
+    Info("invalid switch,subtype:{}", to);
+    return;
+  }
+  CloseSketchControlbar();
+  // Before the call: the library may report the close while it lasts. With nothing to close there
+  // is nothing to create anew.
+  m_recreatePending = true;
+  if (!Lorimel::GetInstance()->CloseSharedControlbar()) m_recreatePending = false;
+}
+
+void ControlbarManager::SetMeetingSubType(std::int64_t type) {
+  const Scope scope(__func__);
+  Info("SetMeetingSubType type:{}", type);
+  const std::int64_t old = m_data->GetMeetingSubType();
+  m_data->SetMeetingSubType(type);
+  if (m_handleControlbar != nullptr && type != old) SwitchSubType(old, type);
+  SetSketchEnable(m_data->GetSketchEnabled());
+  SetSketchVisible(m_data->GetSketchVisible());
+  UpdateUIElement(EventKey::Participants);
+  UpdateUIElement(EventKey::Annotate);
+  m_data->UpdateSubTypeLabels();
+  RefreshShareNew();
+  UpdateUIElement(EventKey::ShareMeetingName);
+}
+
+void ControlbarManager::SetMeetingSource(std::int64_t source) {
+  const Scope scope(__func__);
+  Info("SetMeetingSource type:{}", source);
+  m_data->SetMeetingSource(source);
+}
+
+void ControlbarManager::SetMeetingNumber(const std::string& number) {
+  const Scope scope(__func__);
+  Info("SetMeetingNumber meetingNumber:{}", number);
+  Info("[Controlbar] Set meeting number {}", number);
+  m_data->SetMeetingNumber(number);
+  UpdateUIElement(EventKey::InfoText);
+}
+
+void ControlbarManager::SetMeetingDuration(std::uint64_t duration) {
+  const Scope scope(__func__);
+  Info("SetMeetingDuration duration:{}", duration);
+  Info("[Controlbar] Set meeting duration {}", duration);
+  m_meetingDuration = duration;
+  Lorimel::GetInstance()->SetMeetingDuration(duration);
+}
+
+void ControlbarManager::SetMicVolume(int volume) {
+  const Scope scope(__func__);
+  Info("SetMicVolume volume:{}", volume);
+  Lorimel::GetInstance()->SetMicVolume(volume);
+}
+
+void ControlbarManager::SetSubtitleOpened(bool opened) {
+  const Scope scope(__func__);
+  Info("SetSubtitleOpened isOpen:{}", opened);
+  m_data->SetSubtitleOpened(opened);
+}
+
+void ControlbarManager::SetSketchEnable(bool enable) {
+  const Scope scope(__func__);
+  Info("[Controlbar] Set annotate enable {}.", enable);
+  m_data->SetSketchEnabled(enable);
+  Apply(Bit(EventKey::Annotate, kStatusDisabled, !enable));
+}
+
+void ControlbarManager::SetSketchVisible(bool visible) {
+  const Scope scope(__func__);
+  Info("[Controlbar] Set annotate visible {}.", visible);
+  m_data->SetSketchVisible(visible);
+  const bool screen_box = m_data->GetMeetingSubType() == kSubTypeScreenBox;
+  if (screen_box) Info("meeting sub type is SCREEN_BOX. sketch button is invalid.");
+  Apply(Bit(EventKey::Annotate, kStatusHidden, screen_box || !visible));
+}
+
+void ControlbarManager::SetInterpretationEnable(bool enable) {
+  const Scope scope(__func__);
+  Info("SetInterpretationEnable enable = {}", enable);
+  m_data->SetInterpretationEnable(enable);
+  UpdateInterpreationBtnStatus();
+}
+
+void ControlbarManager::SetInterpretationSwitchEnable(bool enable) {
+  const Scope scope(__func__);
+  Info("SetInterpretationSwitchEnable: enable = {}", enable);
+  m_data->SetInterpretationSwitchEnable(enable);
+}
+
+void ControlbarManager::UpdateInterpreationBtnStatus() {
+  const Scope scope(__func__);
+  std::int32_t status = 0;
+  if (m_data->GetInterpretationEnable()) {
+    Info("GetInterpretationEnable Show Interpreation");
+  } else if (m_data->GetHostType() == kHostTypeHost) {
+    Info("Show Host Interpreation");
+  } else {
+    Info("Hide Interpreation");
+    status = kStatusHidden;
+  }
+  Apply(Whole(EventKey::Interpretation, status));
+}
+
+void ControlbarManager::SetShareAccess(std::int64_t onlyHost, std::int64_t onlyHostCanStartAnyTime,
+                                       std::int64_t onlyThePresenterCanAnnotate) {
+  const Scope scope(__func__);
+  Info("SetShareAccess onlyhost: {},onlyHostCanStartAnyTime: {}, onlyThePresenterCanAnnotate: {}",
+       onlyHost, onlyHostCanStartAnyTime, onlyThePresenterCanAnnotate);
+  m_data->SetOnlyHostCanShare(IsOn(onlyHost));
+  m_data->SetOnlyHostCanReshare(IsOn(onlyHostCanStartAnyTime));
+  m_data->SetOnlyPresenterCanAnnotate(IsOn(onlyThePresenterCanAnnotate));
+  RefreshShareNew();
+}
+
+void ControlbarManager::SetSharingStatus(bool pause, std::int64_t sta) {
+  const Scope scope(__func__);
+  Info("SetSharingStatus pause = {}, sta = {}", pause, sta);
+  m_isSharing = sta != 0;
+  m_isSharingPaused = pause;
+  UpdateUIElement(EventKey::InfoText);
+  RefreshSharingIndicators();
+}
+
+void ControlbarManager::SetUnderControl(std::int64_t status, std::string user_id,
+                                        std::string display_name) {
+  const Scope scope(__func__);
+  Info("Set remote control status {},controler: {},{}.", status, user_id, display_name);
+  const bool under_control = status != 0;
+  m_data->SetRemoteControler(under_control, std::move(user_id), std::move(display_name));
+  if (!under_control) m_isRemoteControlPaused = false;
+  m_data->SetComposedLabel(EventKey::StopRemoteControl, m_data->GetRemoteControllerTextFormat());
+  Apply(Bit(EventKey::StopRemoteControl, kStatusHidden, !under_control));
+  RefreshSharingIndicators();
+  UpdateUIElement(EventKey::InfoText);
+}
+
+void ControlbarManager::SetRemoteControlPause(bool pause) {
+  const Scope scope(__func__);
+  Info("SetRemoteControlPause pause = {}", pause);
+  m_isRemoteControlPaused = pause;
+  RefreshSharingIndicators();
+}
+
+void ControlbarManager::RefreshSharingIndicators() {
+  const bool active = m_isSharing || m_data->IsUnderControl();
+  const bool paused = m_isSharingPaused || m_isRemoteControlPaused;
+  Apply(Bit(EventKey::PauseIndicator, kStatusHidden, !(active && paused)));
+  Apply(Bit(EventKey::SharingIndicator, kStatusHidden, !(active && !paused)));
+}
+
+void ControlbarManager::SetAudioAndPlaybackInfo(DeviceList microphones, DeviceList speakers) {
+  const Scope scope(__func__);
+  Info("[Controlbar] Start set audio info. Device count: {}, currentAudioDeviceId = {}",
+       microphones.devices.size(), microphones.current_id);
+  LogDevices(microphones);
+  Info("[Controlbar] Start set audio info. Device count: {}, currentAudioDeviceId = {}",
+       speakers.devices.size(), speakers.current_id);
+  LogDevices(speakers);
+  m_data->UpdateAudioItems(std::move(microphones), std::move(speakers));
+}
+
+void ControlbarManager::LogDevices(const DeviceList& list) {
+  for (const Device& device : list.devices) {
+    Info("Device: deviceId = {}, deviceName = {}", device.id, device.name);
+  }
+}
+
+void ControlbarManager::SetCameraInfo(DeviceList cameras) {
+  const Scope scope(__func__);
+  Info("[Controlbar] Start set camera info. Device count: {}", cameras.devices.size());
+  m_data->UpdateCameraItems(std::move(cameras));
+}
+
+void ControlbarManager::SetInterpretationInfo(InterpretationInfo info) {
+  const Scope scope(__func__);
+  for (const Device& language : info.languages.devices) {
+    Info("LanguageInfo: languageId = {}, languageName = {}", language.id, language.name);
+  }
+  m_data->SetInterpretationInfo(std::move(info));
+}
+
+void ControlbarManager::SetMeetingDetailInfo(MeetingDetail detail) {
+  const Scope scope(__func__);
+  m_data->SetMeetingDetailInfo(std::move(detail));
+}
+
+void ControlbarManager::SetHostControlInfo(const VellomarHostControlInfo& info) {
+  const Scope scope(__func__);
+  m_data->UpdateHostInfo(info);
+  // The rows of the host-control list add the host info to MoveNew's status word by themselves, so
+  // it must not be in the word as well.
+  UpdateUIElement(EventKey::MoveNew);
+  Apply(Whole(EventKey::NewParticipantMic, m_data->NewParticipantMicStatus()));
+  Apply(Whole(EventKey::MicOperate, m_data->MicOperateStatus()));
+  RefreshShareNew();
+}
+
+void ControlbarManager::UpdateParticipants(const SharedParticipantList& participants) {
+  const Scope scope(__func__);
+  m_data->UpdateParticipants(*participants);
+}
+
+void ControlbarManager::EnterMeetingSubRoom(std::string room_name, std::string room_id) {
+  const Scope scope(__func__);
+  m_data->SetEnterSubRoom(room_name, std::move(room_id));
+  RefreshSubRoom(std::move(room_name), true);
+}
+
+void ControlbarManager::LeaveMeetingSubRoom() {
+  const Scope scope(__func__);
+  m_data->SetLeaveSubRoom();
+  RefreshSubRoom({}, false);
+}
+
+void ControlbarManager::RefreshSubRoom(std::string name, bool inside) {
+  RefreshLeaveButton();
+  m_data->SetComposedLabel(EventKey::SubRoomName, std::move(name));
+  Apply(Bit(EventKey::SubRoomName, kStatusHidden, !inside));
+}
+
+}  // namespace VELLOMAR_CONTROLBAR

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// Bubbles at the bar's buttons. Their texts live until the widget library returns.
+#include "common/text.h"
+#include "manager/controlbar_manager.h"
+
+namespace VELLOMAR_CONTROLBAR {
+
+using VELLOMAR_LORIMEL::Lorimel;
+
+void ControlbarManager::ShowButtonTip(EventKey key, const std::string& text, bool a, int b,
+                                      bool c) {
+  const Scope scope(__func__);
+  Lorimel::GetInstance()->ShowControlbarButtonTip(key, text.c_str(), a, b, c);
+}
+
+void ControlbarManager::ShowChatMessageTip(const std::string& user_id,
+                                           const std::string& instance_id, std::int64_t number,
+                                           const std::string& sender_name,
+                                           const std::string& message) {
+  const Scope scope(__func__);
+  const std::string key = ControlBarDataManager::MakeParticipantKey({user_id, instance_id, number});
+  const std::string avatar_path = m_data->GetAvatarPath(key);
+  VELLOMAR_LORIMEL::TipWindowInfo info{avatar_path.c_str(), sender_name.c_str(), message.c_str(),
+                                       key.c_str()};
+  Lorimel::GetInstance()->ShowControlbarButtonTipByInfo(EventKey::Chat, info);
+}
+
+void ControlbarManager::ShowLeaveTip() {
+  constexpr std::uint64_t kTitle = 10093;
+  constexpr std::uint64_t kText = 10094;
+  constexpr std::uint64_t kConfirm = 10095;
+  const auto text_of = [this](std::uint64_t id) {
+    const char* const text = m_data->GetNativeText(id);
+    return text != nullptr ? text : "";
+  };
+  const std::string text =
+      VELLOMAR_COMMON::FillPlaceholder(m_data->GetNativeText(kText), m_data->GetSubRoomName());
+  const VellomarRect at = PositionOf(EventKey::Leave);
+  VELLOMAR_LORIMEL::ConfirmTipWindowInfo info{text_of(kTitle),
+                                              text.c_str(),
+                                              text_of(kConfirm),
+                                              static_cast<int>(at.x),
+                                              static_cast<int>(at.y),
+                                              static_cast<int>(at.width),
+                                              static_cast<int>(at.height)};
+  Lorimel::GetInstance()->ShowControlbarButtonConfirmTipByInfo(EventKey::Leave, info);
+}
+
+}  // namespace VELLOMAR_CONTROLBAR

@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: MIT
+// The bar's windows: creation and closing, the callbacks of the widget library, and the records
+// that go to it.
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "manager/controlbar_manager.h"
+#include "manager/user_actions.h"
+
+namespace VELLOMAR_CONTROLBAR {
+
+using VELLOMAR_LORIMEL::Lorimel;
+
+namespace {
+
+// The widget library calls plain functions.
+void OnCreated(void* handle, int x, int y, int width, int height, bool is_main, std::uint64_t id) {
+  ControlbarManager::GetInstance()->OnControlbarCreated(handle, is_main, id, x, y, width, height);
+}
+
+void OnClosed(void* handle) {
+  ControlbarManager::GetInstance()->OnControlbarClosed(handle);
+}
+
+void OnEvent(BtnParams& params) {
+  ControlbarManager::GetInstance()->OnUIEvent(params);
+}
+
+BtnParams* OnShowWindow(EventKey key, int& count) {
+  return ControlbarManager::GetInstance()->OnGetWindowInfo(key, count);
+}
+
+struct WindowRows {
+  EventKey key;
+  BtnParams* (ControlBarDataManager::*format)(int& count);
+};
+
+constexpr WindowRows kWindows[] = {
+    {EventKey::AudioDevices, &ControlBarDataManager::FormatAudioItems},
+    {EventKey::CameraDevices, &ControlBarDataManager::FormatCameraItems},
+    {EventKey::HostControlWindow, &ControlBarDataManager::FormatHostControlItems},
+    {EventKey::ShareNew, &ControlBarDataManager::FormatSharingPermissionItems},
+    {EventKey::More, &ControlBarDataManager::FormatMoreItems},
+    {EventKey::RemoteControl, &ControlBarDataManager::FormatParticipants},
+    {EventKey::SharingOptions, &ControlBarDataManager::FormatSharingOptionItems},
+    {EventKey::SketchPen, &ControlBarDataManager::FormatSketchPenItems},
+    {EventKey::SketchClear, &ControlBarDataManager::FormatSketchClearItems},
+    {EventKey::Interpretation, &ControlBarDataManager::FormatInterpretationItems},
+    {EventKey::MeetingIdExpand, &ControlBarDataManager::FormatShareAudioItems},
+};
+
+}  // namespace
+
+ControlbarManager::ControlbarManager() : m_data(std::make_unique<ControlBarDataManager>()) {}
+
+void ControlbarManager::InitEventCallback() {
+  const Scope scope(__func__);
+  Lorimel::GetInstance()->SetControlbarEventCallback(&OnEvent);
+  Lorimel::GetInstance()->SetShowWindowCallback(&OnShowWindow);
+}
+
+bool ControlbarManager::ShowSharedControlbar(std::int64_t x, std::int64_t y, std::int64_t width,
+                                             std::int64_t height) {
+  const Scope scope(__func__);
+  InitEventCallback();
+  int count = 0;
+  BtnParams* const params = m_data->GetAllParams(&count);
+  const std::string title = m_data->GetWindowTitle();
+  displayRect = {x, y, width, height};
+  const std::int64_t sub_type = m_data->GetMeetingSubType();
+  const bool created = Lorimel::GetInstance()->CreateControlbar(
+      title.c_str(), x, y, width, height, &OnCreated, &OnClosed, false, params, count,
+      static_cast<int>(sub_type), m_simplify);
+  VELLOMAR_LOG::Info(
+      "ShowSharedControlbar displayRect.x = {}, displayRect.y = {}, displayRect.width = {}, "
+      "displayRect.height = {},nParamsCount = {},type = {} ",
+      x, y, width, height, count, sub_type);
+  if (!created) {
+    VELLOMAR_LOG::Fault("[Controlbar] create share controlbar failed.");
+    return false;
+  }
+  if (m_handleControlbar == nullptr) {
+    VELLOMAR_LOG::Fault("[Controlbar Data] m_handleControlbar == nullptr!");
+    return false;
+  }
+  Lorimel::GetInstance()->SetMeetingDuration(m_meetingDuration);
+  return Lorimel::GetInstance()->ShowControlbar(m_handleControlbar, true);
+}
+
+bool ControlbarManager::CloseSharedControlbar() {
+  const Scope scope(__func__);
+  m_data->ClearDataCache();
+  return Lorimel::GetInstance()->CloseSharedControlbar();
+}
+
+void ControlbarManager::OnControlbarCreated(void* handle, bool isMain, std::uint64_t id,
+                                            std::int64_t x, std::int64_t y, std::int64_t width,
+                                            std::int64_t height) {
+  const Scope scope(__func__);
+  const VellomarRect position{x, y, width, height};
+  if (!isMain) {
+    Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_popupCreated>(id, position);
+    VELLOMAR_LOG::Info("[Controlbar] controlbar popup window Created,position: {},{},{},{}.", x, y,
+                       width, height);
+    return;
+  }
+  m_handleControlbar = handle;
+  const std::uint64_t native = Lorimel::GetInstance()->GetWidgetNativeHandle(m_handleControlbar);
+  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarCreated>(native, position);
+  VELLOMAR_LOG::Info("[Controlbar] main controlbar Created,position: {},{},{},{}.", x, y, width,
+                     height);
+}
+
+void ControlbarManager::OnControlbarClosed(void* handle) {
+  const Scope scope(__func__);
+  if (handle != m_handleControlbar) {
+    // The text names the other callback; it is kept so.
+    VELLOMAR_LOG::Fault("OnControlbarCreated handle is not controlbar");
+    return;
+  }
+  if (m_recreatePending) {
+    ShowSharedControlbar(displayRect.x, displayRect.y, displayRect.width, displayRect.height);
+    SetMeetingNumber(m_data->GetMeetingNumber());
+    m_recreatePending = false;
+    return;
+  }
+  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarClosed>();
+}
+
+BtnParams* ControlbarManager::OnGetWindowInfo(EventKey key, int& count) {
+  const Scope scope(__func__);
+  BtnParams* rows = nullptr;
+  const auto* window = std::find_if(std::begin(kWindows), std::end(kWindows),
+                                    [key](const WindowRows& w) { return w.key == key; });
+  const bool offered = key != EventKey::Interpretation || m_data->GetInterpretationEnable();
+  if (window != std::end(kWindows) && offered) rows = (m_data.get()->*window->format)(count);
+  VELLOMAR_LOG::Info("[Controlbar] window info callback, item count: {}, item data: {}", count,
+                     fmt::ptr(rows));
+  return rows;
+}
+
+void ControlbarManager::OnUIEvent(BtnParams& params) {
+  if (!m_key1077Enabled && params.key == EventKey::WidgetMoving) return;
+  const Scope scope(__func__);
+  VELLOMAR_LOG::Info("OnUIEvent type:{}", static_cast<int>(params.key));
+  OnItemValueChanged(params);
+  UserActions::Dispatch(*this, params);
+}
+
+void ControlbarManager::OnItemValueChanged(const BtnParams& params) {
+  const Scope scope(__func__);
+  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_uiEvent>(
+      static_cast<std::int64_t>(params.key), params.objectName, params.text, params.valueText);
+}
+
+VellomarRect ControlbarManager::GetMainWindowPosition() {
+  const Scope scope(__func__);
+  if (m_handleControlbar == nullptr) {
+    VELLOMAR_LOG::Fault("main window handle is nil!");
+    return {};
+  }
+  return PositionOf(EventKey::MainWindow);
+}
+
+VellomarRect ControlbarManager::PositionOf(EventKey key) {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+  Lorimel::GetInstance()->GetPositionByEventKey(key, x, y, width, height);
+  return {x, y, width, height};
+}
+
+BtnParams* ControlbarManager::Record(EventKey key) {
+  BtnParams* const params = m_data->GetEventKeyParams(key);
+  if (params == nullptr) VELLOMAR_LOG::Fault("[Controlbar Data] params == nullptr!");
+  return params;
+}
+
+void ControlbarManager::Push(BtnParams& params) {
+  if (m_data->IsShown(params)) Lorimel::GetInstance()->SetEventKey(params);
+}
+
+void ControlbarManager::UpdateUIElement(EventKey key) {
+  const Scope scope(__func__);
+  VELLOMAR_LOG::Info("update lorimel ui: {}", static_cast<int>(key));
+  BtnParams* const params = m_data->GetEventKeyParams(key);
+  if (params == nullptr) {
+    VELLOMAR_LOG::Fault("params is nullptr!");
+    return;
+  }
+  Push(*params);
+}
+
+void ControlbarManager::SetWindowTitle(const std::string& title) {
+  const Scope scope(__func__);
+  m_data->SetWindowTitle(title.c_str());
+}
+
+void ControlbarManager::SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts) {
+  const Scope scope(__func__);
+  m_data->InitTextMapping(std::move(ids), std::move(texts));
+  if (m_handleControlbar == nullptr) return;
+  int count = 0;
+  BtnParams* const params = m_data->GetAllParams(&count);
+  std::for_each(params, params + count, [this](BtnParams& record) { Push(record); });
+}
+
+void ControlbarManager::SetTestContentMap(const std::vector<std::uint64_t>& keys,
+                                          std::vector<std::string> texts) {
+  const Scope scope(__func__);
+  if (keys.size() != texts.size()) {
+    VELLOMAR_LOG::Write(VELLOMAR_LOG::kModule, VELLOMAR_LOG_REFUSED,
+                        "[Controlbar] text mapping error!");
+    return;
+  }
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    const auto key = static_cast<EventKey>(static_cast<std::int32_t>(keys[i]));
+    BtnParams* const params = Record(key);
+    if (params == nullptr) continue;
+    m_data->SetTestContent(key, std::move(texts[i]));
+    Push(*params);
+  }
+}
+
+void ControlbarManager::SetItemValue(EventKey key, bool hasExpend, std::string itemName,
+                                     std::string itemText, std::string tag, std::int32_t sta) {
+  const Scope scope(__func__);
+  VELLOMAR_LOG::Info(
+      "[Controlbar] Set value btnKey: {}, hasExpend: {}, itemName: {}, item text: {}, tag: {}, "
+      "sta: {}.",
+      static_cast<int>(key), hasExpend, itemName, itemText, tag, sta);
+  BtnParams* const params = Record(key);
+  if (params == nullptr) return;
+  m_data->SetItem(key, hasExpend, std::move(itemName), std::move(itemText), std::move(tag), sta);
+  Push(*params);
+}
+
+void ControlbarManager::SetRegWidgetMovingEvent(bool enable) {
+  const Scope scope(__func__);
+  m_key1077Enabled = enable;
+}
+
+void ControlbarManager::SetControlBarSimplifyEnable(bool enable) {
+  const Scope scope(__func__);
+  VELLOMAR_LOG::Info("SetControlBarSimplifyEnable: {}", enable);
+  m_simplify = enable;  // takes effect when the bar is created next
+}
+
+}  // namespace VELLOMAR_CONTROLBAR
