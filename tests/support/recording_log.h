@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// What the code under test has logged. A test that links vellomar-recording-log in place of the log
+// library finds every line and every opening call here.
+//
+//     recording_log::Clear();
+//     manager.SetMicVolume(50);
+//     EXPECT_TRUE(recording_log::Contains("[Controlbar] set mic volume 50"));
+//
+// Results are copies; every function may be called on any thread.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "vellomar/log.h"
+
+namespace recording_log {
+
+struct Line {
+  std::string module;
+  int level = 0;
+  std::string text;
+
+  bool operator==(const Line&) const = default;
+};
+
+// A call of CreateVellomarLogger.
+struct Opening {
+  std::uint32_t kind = 0;
+  std::optional<std::string> first;  // nothing: a null pointer
+  std::optional<std::string> second;
+  std::string module;
+  int reserved = 0;
+  int files = 0;
+  int flush = 0;
+
+  bool operator==(const Opening&) const = default;
+};
+
+VELLOMAR_LOG_API std::vector<Line> Lines();
+VELLOMAR_LOG_API std::vector<Opening> Opened();
+// Forgets lines and openings.
+VELLOMAR_LOG_API void Clear();
+
+VELLOMAR_LOG_API std::vector<std::string> Texts();
+VELLOMAR_LOG_API std::vector<std::string> Texts(int level);
+// Whether a line has exactly this text.
+VELLOMAR_LOG_API bool Contains(std::string_view text);
+
+}  // namespace recording_log
