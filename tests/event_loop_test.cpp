@@ -1,0 +1,310 @@
+// SPDX-License-Identifier: MIT
+// The adapter to the host's event loop, against a host that does what the test says.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+
+#include "bridge/antenna_event_loop.h"
+#include "support/script_host.h"
+
+namespace {
+
+using VELLOMAR_CONTROLBAR::AntennaEventLoop;
+
+class EventLoopTest : public testing::Test {
+ protected:
+  void SetUp() override { Loop().Init(host.Table()); }
+  void TearDown() override { AntennaEventLoop::DestroyInstance(); }
+
+  static AntennaEventLoop& Loop() { return *AntennaEventLoop::GetInstance(); }
+
+  // A task that counts its runs, and a watch on whether its callable still exists.
+  AntennaEventLoop::Task Counting() {
+    return [this, alive = alive] { ++runs; };
+  }
+  long Copies() const { return alive.use_count() - 1; }
+
+  ScriptHost host;
+  int runs = 0;
+  std::shared_ptr<int> alive = std::make_shared<int>();
+};
+
+struct Route {
+  const char* name;
+  AntennaEventLoop::Id (*post)(AntennaEventLoop&, AntennaEventLoop::Task);
+  void (AntennaEventLoop::*cancel)(AntennaEventLoop::Id);
+  std::size_t (AntennaEventLoop::*count)() const;
+  const char* cancel_call;
+  void (*drop_cancel_slot)(EventLoopTable&);
+};
+
+const Route kRoutes[] = {
+    {"post",
+     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) { return loop.PostTask(task); },
+     &AntennaEventLoop::CancelTask, &AntennaEventLoop::TaskCount, "slot13",
+     [](EventLoopTable& table) { table.cancelTaskFn = nullptr; }},
+    {"alt1",
+     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) { return loop.PostTaskAlt1(task); },
+     &AntennaEventLoop::CancelTaskAlt1, &AntennaEventLoop::TaskAlt1Count, "slot13",
+     [](EventLoopTable& table) { table.cancelTaskFn = nullptr; }},
+    {"alt2",
+     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) { return loop.PostTaskAlt2(task); },
+     &AntennaEventLoop::CancelTaskAlt2, &AntennaEventLoop::TaskAlt2Count, "slot15",
+     [](EventLoopTable& table) { table.cancelAlt2Fn = nullptr; }},
+    {"delayed",
+     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
+       return loop.PostDelayedTask(250, task);
+     },
+     &AntennaEventLoop::CancelDelayedTask, &AntennaEventLoop::DelayedTaskCount, "cancelDelayed",
+     [](EventLoopTable& table) { table.cancelDelayedFn = nullptr; }},
+};
+
+class OneShotTest : public EventLoopTest, public testing::WithParamInterface<Route> {
+ protected:
+  AntennaEventLoop::Id Post(AntennaEventLoop::Task task) {
+    return GetParam().post(Loop(), std::move(task));
+  }
+  void Cancel(AntennaEventLoop::Id id) { (Loop().*GetParam().cancel)(id); }
+  std::size_t Recorded() const { return (Loop().*GetParam().count)(); }
+};
+
+TEST_P(OneShotTest, RunsOnceAndIsForgotten) {
+  EXPECT_EQ(Post(Counting()), 100u);
+  EXPECT_EQ(Recorded(), 1u);
+  EXPECT_EQ(host.RunAll(), 1);
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(Recorded(), 0u);
+  EXPECT_EQ(Copies(), 0);
+}
+
+TEST_P(OneShotTest, CancelFreesTheTaskAndTellsTheHost) {
+  const auto id = Post(Counting());
+  Cancel(id);
+  EXPECT_EQ(host.calls.back(), GetParam().cancel_call + std::string(" 100"));
+  EXPECT_EQ(Recorded(), 0u);
+  EXPECT_EQ(Copies(), 0);
+  Cancel(999);  // unknown: the host is told all the same
+  EXPECT_EQ(host.calls.back(), GetParam().cancel_call + std::string(" 999"));
+}
+
+TEST_P(OneShotTest, CancelWithoutASlotKeepsTheTask) {
+  EventLoopTable table = host.Table();
+  GetParam().drop_cancel_slot(table);
+  Loop().Init(table);
+  Cancel(Post(Counting()));
+  EXPECT_EQ(Recorded(), 1u);
+  host.RunAll();
+  EXPECT_EQ(runs, 1);
+}
+
+TEST_P(OneShotTest, AHostMayRunTheTaskBeforeItAnswers) {
+  host.run_at_once = true;
+  EXPECT_EQ(Post(Counting()), 100u);
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(Recorded(), 0u);
+  EXPECT_EQ(Copies(), 0);
+}
+
+TEST_P(OneShotTest, ATaskRunAtOnceMayPostAnother) {
+  // The second copy may get the address of the first; it must be recorded all the same.
+  host.run_at_once = true;
+  Post([this] {
+    host.run_at_once = false;
+    Post(Counting());
+  });
+  EXPECT_EQ(Recorded(), 1u);
+  EXPECT_EQ(host.RunAll(), 1);
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(Recorded(), 0u);
+}
+
+TEST_P(OneShotTest, ATaskMayCancelItself) {
+  AntennaEventLoop::Id id = 0;
+  id = Post([this, &id, alive = alive] {
+    Cancel(id);
+    EXPECT_EQ(*alive, 0);  // the callable is still there
+    ++runs;
+  });
+  host.RunAll();
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(Recorded(), 0u);
+  EXPECT_EQ(Copies(), 0);
+}
+
+TEST_P(OneShotTest, AnEmptyTaskThrowsIntoTheHostsLoop) {
+  Post({});
+  EXPECT_THROW(host.RunAll(), std::bad_function_call);
+}
+
+TEST_P(OneShotTest, WithoutATableNothingHappens) {
+  AntennaEventLoop::DestroyInstance();
+  EXPECT_EQ(Post(Counting()), 0u);
+  EXPECT_EQ(Recorded(), 0u);
+  EXPECT_EQ(Copies(), 1) << "the copy is kept on purpose";
+  EXPECT_TRUE(host.pending.empty());
+}
+
+TEST_P(OneShotTest, OutlivesTheEventLoopUntilItHasRun) {
+  Post(Counting());
+  Loop().Uninit();
+  EXPECT_EQ(Recorded(), 1u);
+  Loop().AbandonTasks();
+  AntennaEventLoop::DestroyInstance();
+  EXPECT_EQ(host.RunAll(), 1);
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(Copies(), 0);
+}
+
+TEST_P(OneShotTest, ARepeatedIdReplacesTheRecordAndBothRun) {
+  Post(Counting());
+  const auto first = host.pending.at(100);
+  host.next_id = 100;
+  Post(Counting());
+  EXPECT_EQ(Recorded(), 1u);
+  first.callback(first.context);
+  EXPECT_EQ(Recorded(), 1u) << "the record is the second task's";
+  host.RunAll();
+  EXPECT_EQ(runs, 2);
+  EXPECT_EQ(Copies(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Routes, OneShotTest, testing::ValuesIn(kRoutes),
+                         [](const auto& route) { return route.param.name; });
+
+TEST_F(EventLoopTest, PassesTheDelayOnUnchanged) {
+  Loop().PostDelayedTask(0xFFFFFFFFFFFFFFFF, Counting());
+  EXPECT_EQ(host.pending.at(100).value, 0xFFFFFFFFFFFFFFFF);
+  host.RunAll();
+}
+
+TEST_F(EventLoopTest, NeverCallsSlot14) {
+  Loop().CancelTask(1);
+  Loop().CancelTaskAlt1(2);
+  Loop().CancelTaskAlt2(3);
+  Loop().CancelDelayedTask(4);
+  EXPECT_EQ(host.calls, (std::vector<std::string>{"addObserver 7", "slot13 1", "slot13 2",
+                                                  "slot15 3", "cancelDelayed 4"}));
+}
+
+TEST_F(EventLoopTest, TimersRepeatUntilUninitStopsThemInOrder) {
+  host.next_id = 30;
+  const auto late = Loop().StartTimer(5, Counting());
+  host.next_id = 20;
+  const auto early = Loop().StartTimer(6, Counting());
+  host.Fire(late);
+  host.Fire(late);
+  host.Fire(early);
+  EXPECT_EQ(runs, 3);
+  host.calls.clear();
+  Loop().Uninit();
+  EXPECT_EQ(host.calls,
+            (std::vector<std::string>{"removeObserver 7", "stopTimer 20", "stopTimer 30"}));
+  EXPECT_EQ(Loop().TimerCount(), 0u);
+  EXPECT_EQ(Copies(), 0);
+}
+
+TEST_F(EventLoopTest, ATimerMayEndTheEventLoop) {
+  const auto id = Loop().StartTimer(5, [this, alive = alive] {
+    Loop().Uninit();
+    AntennaEventLoop::DestroyInstance();
+    runs += *alive + 1;
+  });
+  host.Fire(id);
+  EXPECT_EQ(runs, 1);
+  EXPECT_EQ(Copies(), 0);
+}
+
+TEST_F(EventLoopTest, UninitWithoutSlotsKeepsTheTimers) {
+  Loop().Init(EventLoopTable{});
+  EXPECT_EQ(Loop().StartTimer(5, {}), 0u);
+  Loop().Init(host.Table());
+  Loop().StartTimer(5, Counting());
+  EventLoopTable table = host.Table();
+  table.stopTimerFn = nullptr;
+  table.removeObserverFn = nullptr;
+  Loop().Init(table);
+  host.calls.clear();
+  Loop().Uninit();
+  EXPECT_TRUE(host.calls.empty());
+  EXPECT_EQ(Loop().TimerCount(), 1u);
+}
+
+TEST_F(EventLoopTest, SyncTasksRunInPlaceWithoutACopy) {
+  AntennaEventLoop::Task task = Counting();
+  Loop().RunTaskSync(task);
+  EXPECT_EQ(Loop().RunTaskSyncAlt(task), 42u);
+  EXPECT_EQ(runs, 2);
+  EXPECT_EQ(Copies(), 1) << "only the caller's own";
+  AntennaEventLoop::Task empty;
+  EXPECT_THROW(Loop().RunTaskSync(empty), std::bad_function_call);
+  Loop().Init(EventLoopTable{});
+  Loop().RunTaskSync(task);
+  EXPECT_EQ(Loop().RunTaskSyncAlt(task), 0u);
+  EXPECT_EQ(runs, 2);
+}
+
+TEST_F(EventLoopTest, ForwardsQueries) {
+  EXPECT_EQ(Loop().Query(4, 2), 42u);
+  EXPECT_EQ(Loop().Query3(1, 2, 3), 123u);
+  Loop().Init(EventLoopTable{});
+  EXPECT_EQ(Loop().Query(4, 2), 0u);
+  EXPECT_EQ(Loop().Query3(1, 2, 3), 0u);
+}
+
+TEST_F(EventLoopTest, CallsListenersInTheOrderOfTheirIds) {
+  host.Turn();  // none: nothing happens
+  std::string order;
+  const auto first = Loop().AddListener([&order] { order += 'a'; });
+  const auto second = Loop().AddListener([&order] { order += 'b'; });
+  Loop().AddListener([&order] { order += 'c'; });
+  EXPECT_EQ(second, first + 1);
+  host.Turn();
+  EXPECT_EQ(order, "abc");
+  Loop().RemoveListener(second);
+  Loop().RemoveListener(second);
+  host.Turn();
+  EXPECT_EQ(order, "abcac");
+}
+
+TEST_F(EventLoopTest, AListenerMayRemoveItselfAndAddOthers) {
+  AntennaEventLoop::Id self = 0;
+  self = Loop().AddListener([this, &self, alive = alive] {
+    Loop().RemoveListener(self);
+    Loop().AddListener([this] { ++runs; });
+    runs += 10 + *alive;
+  });
+  host.Turn();
+  EXPECT_EQ(runs, 11);
+  EXPECT_EQ(Copies(), 0);
+}
+
+TEST_F(EventLoopTest, AnEmptyListenerThrows) {
+  Loop().AddListener({});
+  EXPECT_THROW(host.Turn(), std::bad_function_call);
+}
+
+TEST_F(EventLoopTest, RefusesMoreListenersThanTheLimit) {
+  EXPECT_EQ(AntennaEventLoop::kListenerLimit, 67'108'863u);
+  Loop().SetListenerLimit(2);
+  Loop().AddListener([] {});
+  const auto second = Loop().AddListener([] {});
+  try {
+    Loop().AddListener([] {});
+    FAIL() << "a third listener was taken";
+  } catch (const std::length_error& error) {
+    EXPECT_STREQ(error.what(), "map/set too long");
+  }
+  Loop().RemoveListener(second);
+  EXPECT_EQ(Loop().AddListener([] {}), second + 2) << "the refused one used up an id";
+}
+
+TEST(ListenerIdTest, StartAtOne) {
+  // The counter is the process's: this holds in a process of its own, where ctest runs it.
+  if (testing::UnitTest::GetInstance()->test_to_run_count() > 1) GTEST_SKIP();
+  EXPECT_EQ(AntennaEventLoop::GetInstance()->AddListener([] {}), 1u);
+  EXPECT_EQ(AntennaEventLoop::GetInstance()->AddListener([] {}), 2u);
+  AntennaEventLoop::DestroyInstance();
+}
+
+}  // namespace

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+// The plug-in as a host sees it: the built library, loaded by its path and driven through its eight
+// exports.
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "headless.h"
+#include "support/recording_log.h"
+#include "support/script_host.h"
+#include "vellomar/controlbar.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
+
+constexpr char kPlugin[] = VELLOMAR_PLUGIN_PATH;
+
+class Library {
+ public:
+  Library() : handle_(dlopen(kPlugin, RTLD_NOW | RTLD_LOCAL)) {
+    EXPECT_NE(handle_, nullptr) << dlerror();
+    Resolve("ExportedInit", init);
+    Resolve("ExportedStart", start);
+    Resolve("ExportedStop", stop);
+    Resolve("ExportedUninit", uninit);
+    Resolve("ExportedOnReceive", on_receive);
+    Resolve("ExportedOnDelegate", on_delegate);
+    Resolve("ExportedCallEvent", call_event);
+    Resolve("ExportedCallDrop", call_drop);
+  }
+  ~Library() { dlclose(handle_); }
+  Library(const Library&) = delete;
+  Library& operator=(const Library&) = delete;
+
+  decltype(&ExportedInit) init = nullptr;
+  decltype(&ExportedStart) start = nullptr;
+  decltype(&ExportedStop) stop = nullptr;
+  decltype(&ExportedUninit) uninit = nullptr;
+  decltype(&ExportedOnReceive) on_receive = nullptr;
+  decltype(&ExportedOnDelegate) on_delegate = nullptr;
+  decltype(&ExportedCallEvent) call_event = nullptr;
+  decltype(&ExportedCallDrop) call_drop = nullptr;
+
+ private:
+  template <typename Function>
+  void Resolve(const char* name, Function& function) {
+    function = reinterpret_cast<Function>(dlsym(handle_, name));
+    EXPECT_NE(function, nullptr) << name;
+  }
+
+  void* handle_;
+};
+
+// Lines without the cost, which differs from run to run.
+std::vector<std::string> Trace() {
+  std::vector<std::string> lines = recording_log::Texts();
+  for (std::string& line : lines) line = line.substr(0, line.find(", cost"));
+  return lines;
+}
+
+class ExportsTest : public testing::Test {
+ protected:
+  void SetUp() override { recording_log::Clear(); }
+
+  bool Init(const EventLoopTable* table) {
+    return library.init(nullptr, nullptr, nullptr, table, "first", "second", 77);
+  }
+
+  ScriptHost host;
+  Library library;
+};
+
+std::vector<std::string> ExportedNames() {
+  const std::string command = std::string("nm -D --defined-only ") + kPlugin;
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), &pclose);
+  std::vector<std::string> names;
+  std::array<char, 512> line{};
+  while (std::fgets(line.data(), line.size(), pipe.get()) != nullptr) {
+    std::string text(line.data());
+    text.erase(text.find_last_not_of("\n") + 1);
+    names.push_back(text.substr(text.rfind(' ') + 1));
+  }
+  return names;
+}
+
+TEST(SymbolTableTest, HoldsTheEightExportsAndNothingElse) {
+  EXPECT_THAT(ExportedNames(),
+              UnorderedElementsAre("ExportedInit", "ExportedStart", "ExportedStop",
+                                   "ExportedUninit", "ExportedOnReceive", "ExportedOnDelegate",
+                                   "ExportedCallEvent", "ExportedCallDrop"));
+}
+
+TEST_F(ExportsTest, AWholeLifeIsTraced) {
+  const EventLoopTable table = host.Table();
+  EXPECT_TRUE(Init(&table));
+  EXPECT_TRUE(library.start());
+  EXPECT_TRUE(library.stop());
+  EXPECT_TRUE(library.uninit());
+  EXPECT_THAT(Trace(), ElementsAre("entry ExportedInit", "exit ExportedInit", "entry ExportedStart",
+                                   "exit ExportedStart", "entry ExportedStop", "exit ExportedStop",
+                                   "entry ExportedUninit", "exit ExportedUninit"));
+  for (const recording_log::Line& line : recording_log::Lines()) {
+    EXPECT_EQ(line.module, "vellomar_controlbar");
+    EXPECT_EQ(line.level, 3);
+  }
+  EXPECT_THAT(host.calls, ElementsAre("addObserver 7", "removeObserver 7"));
+}
+
+TEST_F(ExportsTest, InitOpensTheLogWithTheHostsArguments) {
+  Init(nullptr);
+  Init(nullptr);
+  const recording_log::Opening opening{77, "first", "second", "vellomar_controlbar", 0, 7, 1};
+  EXPECT_EQ(recording_log::Opened(), (std::vector{opening, opening}));
+  library.uninit();
+}
+
+TEST_F(ExportsTest, EveryExportWorksWithoutInit) {
+  std::uint64_t payload = 0;
+  EXPECT_TRUE(library.on_receive(15000753, 0, &payload));
+  EXPECT_TRUE(library.on_receive(15000753, 0, nullptr));
+  EXPECT_TRUE(library.on_receive(1, 2, &payload));
+  EXPECT_TRUE(library.on_delegate(1, 2, &payload));
+  EXPECT_TRUE(library.on_delegate(1, 2, nullptr));
+  EXPECT_TRUE(library.call_drop(28200089, 0));
+  EXPECT_TRUE(library.uninit());
+  EXPECT_TRUE(library.uninit());
+  EXPECT_TRUE(host.calls.empty());
+}
+
+TEST_F(ExportsTest, UnknownEventsAndNullPayloadsAreRefusedInSilence) {
+  std::uint64_t payload = 0;
+  EXPECT_FALSE(library.call_event(VELLOMAR_COMMAND_setValue, 0, nullptr));
+  EXPECT_FALSE(library.call_event(12345, 0, &payload));
+  EXPECT_FALSE(library.call_event(VELLOMAR_COMMAND_setValue, 1, &payload))
+      << "the high word counts";
+  EXPECT_THAT(Trace(), IsEmpty());
+}
+
+TEST_F(ExportsTest, TheNoOpCommandsAreTracedAndChangeNothing) {
+  const EventLoopTable table = host.Table();
+  Init(&table);
+  recording_log::Clear();
+  host.calls.clear();
+  VellomarUnread payload{};
+  EXPECT_TRUE(library.call_event(VELLOMAR_COMMAND_setValue, 0, &payload));
+  EXPECT_TRUE(library.call_event(VELLOMAR_COMMAND_clearSketchDropDown, 0, &payload));
+  EXPECT_THAT(Trace(), ElementsAre("entry ExportedCallEvent", "entry setValue", "exit setValue",
+                                   "exit ExportedCallEvent", "entry ExportedCallEvent",
+                                   "entry clearSketchDropDown", "exit clearSketchDropDown",
+                                   "exit ExportedCallEvent"));
+  EXPECT_THAT(host.calls, IsEmpty());
+  library.uninit();
+}
+
+TEST_F(ExportsTest, ACommandWithoutALoopIsAcceptedAndDropped) {
+  // Stays loaded, so that the leak checker can name the function that keeps the task's copy.
+  ASSERT_NE(dlopen(kPlugin, RTLD_NOW), nullptr);
+  Init(nullptr);
+  VellomarInt payload{1};
+  EXPECT_TRUE(library.call_event(VELLOMAR_COMMAND_setHostType, 0, &payload));
+  VellomarRect position{1, 2, 3, 4};
+  EXPECT_TRUE(library.call_event(VELLOMAR_COMMAND_getControlbarPosition, 0, &position));
+  EXPECT_EQ(position.x + position.y + position.width + position.height, 0);
+  library.uninit();
+}
+
+TEST_F(ExportsTest, TasksPostedBeforeUninitMayRunUntilUnload) {
+  const EventLoopTable table = host.Table();
+  Init(&table);
+  std::string text = "the host's memory, gone when the call returns";
+  VellomarText payload{text.c_str()};
+  library.call_event(VELLOMAR_COMMAND_setMeetingNumber, 0, &payload);
+  text.assign(text.size(), '#');
+  library.uninit();
+  recording_log::Clear();
+  EXPECT_EQ(host.RunAll(), 1);
+  EXPECT_TRUE(recording_log::Contains(
+      "SetMeetingNumber meetingNumber:the host's memory, gone when the call returns"));
+}
+
+TEST(UnloadTest, ASecondLoadStartsAfresh) {
+  ScriptHost host;
+  const EventLoopTable table = host.Table();
+  vellomar_widgets::Headless& widgets = vellomar_widgets::TheHeadless();
+  VellomarText title{"Stand-up"};
+  VellomarShowControlbar show{};
+  for (const bool set_title : {true, false}) {
+    const Library library;
+    library.init(nullptr, nullptr, nullptr, &table, "", "", 0);
+    if (set_title) library.call_event(VELLOMAR_COMMAND_setWindowTitle, 0, &title);
+    host.RunAll();
+    widgets.Reset();
+    library.call_event(VELLOMAR_COMMAND_showSharedControlbar, 0, &show);
+    EXPECT_EQ(show.result, 1);
+    EXPECT_EQ(widgets.Creations().back().title, set_title ? "Stand-up" : "Default SDK Title");
+    library.call_event(VELLOMAR_COMMAND_closeSharedControlbar, 0, &show);
+    library.uninit();
+  }
+  EXPECT_EQ(dlopen(kPlugin, RTLD_NOW | RTLD_NOLOAD), nullptr) << "the library stayed in memory";
+}
+
+}  // namespace
