@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// Dynamic libraries on Windows.
+#define WIN32_LEAN_AND_MEAN
+#include <fmt/format.h>
+#include <windows.h>
+
+#include <system_error>
+
+#include "host/host_error.h"
+#include "host/library.h"
+
+namespace vellomar_host {
+
+// The altered search path makes the system look for the library's own dependencies beside it.
+SharedLibrary::SharedLibrary(const std::filesystem::path& file)
+    : file_(file), handle_(LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
+  if (handle_ != nullptr) return;
+  const auto code = static_cast<int>(GetLastError());
+  throw HostError(
+      fmt::format("cannot load \"{}\": {}", file_.string(), std::system_category().message(code)));
+}
+
+SharedLibrary::~SharedLibrary() {
+  FreeLibrary(static_cast<HMODULE>(handle_));
+}
+
+void* SharedLibrary::Address(const char* name) const {
+  return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(handle_), name));
+}
+
+void SharedLibrary::ThrowMissing(const char* name) const {
+  throw HostError(fmt::format("\"{}\" does not export {}", file_.string(), name));
+}
+
+}  // namespace vellomar_host

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+// One function for each kind of step.
+#include "host/player.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <type_traits>
+
+#include "host/button_json.h"
+#include "host/host_error.h"
+#include "host/keys.h"
+#include "host/payload.h"
+
+namespace vellomar_host {
+namespace {
+
+using nlohmann::json;
+using Clock = EventLoop::Clock;
+
+// A plug-in that never comes to rest is a failed scenario, not a tool that hangs.
+constexpr auto kIdleWithin = std::chrono::seconds(10);
+
+template <typename T, typename... Others>
+constexpr bool kIsOneOf = (std::is_same_v<T, Others> || ...);
+
+// Whether the step acts on or looks at the widgets.
+bool NeedsDriver(const Step& step) {
+  return std::visit(
+      []<typename Kind>(const Kind&) {
+        return kIsOneOf<Kind, PressStep, OpenStep, PickStep, CloseListStep, CloseBarStep,
+                        ExpectButtonStep, ExpectRowStep, ScreenshotStep, KeepOpenStep>;
+      },
+      step.action);
+}
+
+void Require(bool condition, const std::string& otherwise) {
+  if (!condition) throw HostError(otherwise);
+}
+
+class Player {
+ public:
+  Player(Session& session, const PlayOptions& options, Transcript& transcript)
+      : session_(session), options_(options), transcript_(transcript) {}
+
+  void Do(const SendStep& step) {
+    const json answer = session_.Send(*step.command, step.arguments, step.written);
+    Match(step.expected, answer, fmt::format("the answer of {}", step.command->name));
+  }
+
+  void Do(const PressStep& step) {
+    transcript_.Write("press", KeyName(step.key));
+    Require(Driver().press(step.key),
+            fmt::format("a user could not press {} now", KeyName(step.key)));
+  }
+
+  void Do(const OpenStep& step) {
+    transcript_.Write("open", KeyName(step.key));
+    const std::int32_t rows = Driver().open(step.key);
+    Require(rows >= 0, fmt::format("a user could not open {} now", KeyName(step.key)));
+    if (!step.rows) return;
+    Require(rows == *step.rows,
+            fmt::format("{} has {} rows, expected {}", KeyName(step.key), rows, *step.rows));
+  }
+
+  void Do(const PickStep& step) {
+    const json value = step.value ? json(*step.value) : json();
+    transcript_.Write("pick", KeyName(step.key), value);
+    const bool picked = Driver().pick(step.key, step.value ? step.value->c_str() : nullptr);
+    Require(picked, fmt::format("a user could not pick {} {} now", KeyName(step.key),
+                                step.value ? ToLine(value) : ""));
+  }
+
+  void Do(const CloseListStep&) {
+    transcript_.Write("close", "list");
+    Driver().closeList();
+  }
+
+  void Do(const CloseBarStep&) {
+    transcript_.Write("close", "bar");
+    Require(Driver().closeBar(), "a user could not close the bar now");
+  }
+
+  void Do(const WaitForStep& step) {
+    transcript_.Write("wait", step.notification->name, step.payload);
+    if (session_.loop().RunUntil([&] { return Consume(step); }, Clock::now() + step.within)) return;
+    throw HostError(fmt::format("no {} {} within {} ms", step.notification->name,
+                                ToLine(step.payload), step.within.count()));
+  }
+
+  void Do(const WaitIdleStep&) { Settle(); }
+
+  void Do(const ExpectButtonStep& step) {
+    LorimelButton button{};
+    const std::string name = KeyName(step.key);
+    Require(Driver().button(step.key, &button), fmt::format("there is no button {}", name));
+    Match(step.fields, ButtonToJson(button), name);
+  }
+
+  void Do(const ExpectRowStep& step) {
+    LorimelButton row{};
+    Require(Driver().row(step.index, &row), fmt::format("there is no row {}", step.index));
+    Match(step.fields, ButtonToJson(row), fmt::format("row {}", step.index));
+  }
+
+  void Do(const ExpectNoneStep& step) {
+    Settle();
+    const auto& all = session_.notifications();
+    const bool none =
+        std::none_of(all.begin() + cursor_, all.end(), [&](const ReceivedNotification& received) {
+          return received.notification == step.notification;
+        });
+    Require(none, fmt::format("{} came, expected none", step.notification->name));
+    transcript_.Write("matched", fmt::format("no {}", step.notification->name));
+  }
+
+  void Do(const RespondStep& step) { session_.RespondAvatar(step.avatar_key, step.avatar_path); }
+  void Do(const DropStep& step) { session_.Drop(*step.command); }
+
+  void Do(const ScreenshotStep& step) {
+    Settle();
+    std::error_code error;
+    std::filesystem::create_directories(options_.out, error);
+    const auto file = (options_.out / step.file_name).string();
+    if (Driver().screenshot(file.c_str())) {
+      transcript_.Write("picture", file);
+      return;
+    }
+    // Only the library without a screen has good reason to take none.
+    Require(IsHeadless(), fmt::format("no picture could be written to \"{}\"", file));
+    transcript_.Write("picture", "none, for lack of a screen");
+  }
+
+  void Do(const KeepOpenStep&) {
+    if (options_.has_display && !IsHeadless()) {
+      transcript_.Write("wait", "until the bar is closed by hand");
+      session_.loop().RunUntil([this] { return !session_.bar_exists(); }, Clock::time_point::max());
+      return;
+    }
+    // Nobody is there to close it.
+    Settle();
+    Do(CloseBarStep{});
+  }
+
+  void Do(const NoteStep& step) { transcript_.Write("note", step.text); }
+
+ private:
+  const LorimelDriver& Driver() const { return *session_.driver(); }
+  bool IsHeadless() const { return std::string_view(Driver().name) == "headless"; }
+
+  void Settle() {
+    Require(session_.loop().RunUntilIdle(Clock::now() + kIdleWithin),
+            "the plug-in keeps on posting");
+  }
+
+  void Match(const json& expected, const json& actual, const std::string& what) {
+    if (const auto mismatch = FindMismatch(expected, actual)) {
+      throw HostError(fmt::format("{}: {}", what, *mismatch));
+    }
+    if (!expected.empty()) transcript_.Write("matched", what, expected);
+  }
+
+  // Takes the first notification that matches and all before it.
+  bool Consume(const WaitForStep& step) {
+    const auto& all = session_.notifications();
+    const auto found =
+        std::find_if(all.begin() + cursor_, all.end(), [&](const ReceivedNotification& received) {
+          return received.notification == step.notification &&
+                 !FindMismatch(step.payload, received.payload);
+        });
+    if (found == all.end()) return false;
+    cursor_ = found - all.begin() + 1;
+    return true;
+  }
+
+  Session& session_;
+  const PlayOptions& options_;
+  Transcript& transcript_;
+  std::ptrdiff_t cursor_ = 0;  // the first notification that no step has consumed
+};
+
+}  // namespace
+
+std::optional<std::string> PlayScenario(const Scenario& scenario, const PlayOptions& options,
+                                        Transcript& transcript) {
+  Session session(options.files, scenario.participant_answers, transcript);
+  Player player(session, options, transcript);
+  for (const Step& step : scenario.steps) {
+    if (session.driver() == nullptr && NeedsDriver(step)) {
+      throw HostError(
+          fmt::format("{}:{}: the step acts on the widgets, and \"{}\" exports no LorimelGetDriver",
+                      scenario.file, step.line, options.files.widgets.string()));
+    }
+  }
+  for (const Step& step : scenario.steps) {
+    try {
+      std::visit([&](const auto& action) { player.Do(action); }, step.action);
+    } catch (const HostError& error) {
+      const auto failure = fmt::format("{}:{}: {}", scenario.file, step.line, error.what());
+      transcript.Write("failed", failure);
+      return failure;
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace vellomar_host

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// controlbar-host: plays scenarios on the plug-in and prints its commands and notifications.
+//
+//   controlbar-host play scenarios/first-share.json --widgets headless
+//   controlbar-host commands
+//
+// Exit status: 0 all went well, 1 an expectation failed, 2 bad file or arguments, or cannot load.
+#include <fmt/format.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "host/player.h"
+#include "host/scenario.h"
+#include "host/tables.h"
+#include "host/transcript.h"
+#include "tools/platform.h"
+
+namespace {
+
+using std::filesystem::path;
+
+enum ExitStatus { kOk = 0, kExpectationFailed = 1, kCannotRun = 2 };
+
+struct PlayArguments {
+  std::string scenario;
+  std::string widgets = "qt";
+  std::string plugin;
+  std::string lorimel;
+  std::string log;
+  std::string out = ".";
+  bool quiet = false;
+  bool json = false;
+};
+
+using Row = std::vector<std::string>;
+
+// Columns as wide as their widest cell, two spaces apart; the last one is not padded.
+void PrintTable(const std::vector<Row>& rows) {
+  std::vector<std::size_t> widths(rows.front().size());
+  for (const Row& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+  }
+  for (const Row& row : rows) {
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i) line += fmt::format("{:<{}}  ", row[i], widths[i]);
+    fmt::print("{}\n", line.substr(0, line.find_last_not_of(' ') + 1));
+  }
+}
+
+int PrintCommands() {
+  std::vector<Row> rows = {{"ID", "NAME", "SHAPE", "ROUTE", "OPERATION", "FIELDS"}};
+  for (const auto& command : vellomar_host::Commands()) {
+    rows.push_back({std::to_string(command.id), std::string(command.name),
+                    std::string(command.shape),
+                    std::string(vellomar_host::RouteName(command.route)),
+                    std::string(command.operation), std::string(command.fields)});
+  }
+  PrintTable(rows);
+  return kOk;
+}
+
+int PrintNotifications() {
+  std::vector<Row> rows = {{"ID", "NAME", "FIELDS"}};
+  for (const auto& notification : vellomar_host::Notifications()) {
+    rows.push_back({std::to_string(notification.id), std::string(notification.name),
+                    std::string(notification.fields)});
+  }
+  PrintTable(rows);
+  return kOk;
+}
+
+// The library in the build folder or where it is installed, relative to the program. Where there is
+// none, the first place, for the error that loading it gives.
+path FindLibrary(const char* name, bool headless) {
+  const path bin = vellomar_tools::ExecutableFolder();
+  const auto file = fmt::format("{}{}{}", VELLOMAR_LIBRARY_PREFIX, name, VELLOMAR_LIBRARY_SUFFIX);
+  std::vector<path> places;
+  for (const path& folder : {bin / "../lib", bin / ".." / VELLOMAR_INSTALL_LIBDIR, bin}) {
+    if (headless) {
+      places.push_back(folder / "headless" / file);
+      places.push_back(folder / "vellomar/headless" / file);
+    } else {
+      places.push_back(folder / file);
+    }
+  }
+  for (const path& place : places) {
+    if (std::filesystem::exists(place)) return std::filesystem::canonical(place);
+  }
+  return places.front().lexically_normal();
+}
+
+int Play(const PlayArguments& arguments) {
+  using vellomar_host::Transcript;
+  const auto scenario = vellomar_host::LoadScenario(arguments.scenario);
+  vellomar_host::PlayOptions options;
+  options.files.plugin =
+      arguments.plugin.empty() ? FindLibrary("vellomar-controlbar", false) : path(arguments.plugin);
+  options.files.widgets = arguments.lorimel.empty()
+                              ? FindLibrary("vellomar-lorimel", arguments.widgets == "headless")
+                              : path(arguments.lorimel);
+  options.files.log = arguments.log;
+  options.out = arguments.out;
+  options.has_display = vellomar_tools::HasDisplay();
+  Transcript transcript(std::cout, arguments.quiet  ? Transcript::Form::kNone
+                                   : arguments.json ? Transcript::Form::kJsonLines
+                                                    : Transcript::Form::kText);
+  const auto failure = vellomar_host::PlayScenario(scenario, options, transcript);
+  if (!failure) return kOk;
+  fmt::print(stderr, "{}\n", *failure);
+  return kExpectationFailed;
+}
+
+void DescribePlay(CLI::App& play, PlayArguments& arguments) {
+  play.add_option("file", arguments.scenario, "scenario file")->required();
+  play.add_option("--widgets", arguments.widgets, "widget library to load")
+      ->check(CLI::IsMember({"qt", "headless"}))
+      ->capture_default_str();
+  play.add_option("--plugin", arguments.plugin, "path of the plug-in");
+  play.add_option("--lorimel", arguments.lorimel, "path of the widget library");
+  play.add_option("--log", arguments.log, "file for the plug-in's log (default: no log)");
+  play.add_option("--out", arguments.out, "folder for screenshots")->capture_default_str();
+  auto* quiet = play.add_flag("--quiet", arguments.quiet, "print no transcript");
+  play.add_flag("--json", arguments.json, "print the transcript as JSON, an object a line")
+      ->excludes(quiet);
+}
+
+int Run(int argc, char** argv) {
+  CLI::App app("Loads the control-bar plug-in and drives it as a host does.", "controlbar-host");
+  app.require_subcommand(1);
+  PlayArguments arguments;
+  auto* play = app.add_subcommand("play", "play a scenario");
+  DescribePlay(*play, arguments);
+  auto* commands = app.add_subcommand("commands", "print the commands that the plug-in takes");
+  app.add_subcommand("notifications", "print the notifications that the plug-in sends");
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kOk : kCannotRun;
+  }
+  if (play->parsed()) return Play(arguments);
+  return commands->parsed() ? PrintCommands() : PrintNotifications();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return Run(argc, argv);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return kCannotRun;
+  }
+}
