@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "bubble.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QPainterPath>
+#include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+
+#include "icons.h"
+#include "screen.h"
+#include "style.h"
+
+namespace lorimel_qt {
+namespace {
+
+constexpr int kLifeMs = 5'000;
+constexpr int kArrow = 7;
+constexpr int kPadding = 11;
+constexpr int kSidePadding = 14;
+constexpr int kMostTextWidth = 280;
+constexpr int kAvatar = 34;
+constexpr int kMostLines = 6;
+
+constexpr char kButtonStyle[] =
+    "QPushButton { background: #d3363c; color: white; border: none; border-radius: 6px;"
+    " padding: 6px 16px; }"
+    "QPushButton:hover { background: #dd454b; }"
+    "QPushButton:pressed { background: #b52a30; }";
+constexpr char kCloseStyle[] =
+    "QPushButton { background: transparent; border: none; border-radius: 5px; }"
+    "QPushButton:hover { background: rgba(255, 255, 255, 26); }"
+    "QPushButton:pressed { background: rgba(255, 255, 255, 46); }";
+
+// A stretch of a text as tall as a bubble may be.
+QString Shortened(const QString& text, const QFontMetrics& metrics) {
+  return metrics.elidedText(text, Qt::ElideRight, kMostTextWidth * kMostLines * 9 / 10);
+}
+
+QLabel* MakeLabel(const QString& text, const QFont& font, const QColor& color) {
+  auto* label = new QLabel;
+  label->setTextFormat(Qt::PlainText);
+  label->setFont(font);
+  const QString shown = Shortened(text, QFontMetrics(font));
+  label->setText(shown);
+  QPalette palette = label->palette();
+  palette.setColor(QPalette::WindowText, color);
+  label->setPalette(palette);
+  if (QFontMetrics(font).horizontalAdvance(shown) > kMostTextWidth) {
+    label->setWordWrap(true);
+    label->setFixedWidth(kMostTextWidth);
+  }
+  return label;
+}
+
+class Avatar : public QWidget {
+ public:
+  Avatar(const QString& path, const QString& name) : name_(name), picture_(path) {
+    setFixedSize(kAvatar, kAvatar);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    if (picture_.isNull()) {
+      style::PaintRounded(painter, rect(), kAvatar / 2.0, style::AvatarColor(name_));
+      painter.setFont(style::Font(15, QFont::DemiBold));
+      painter.setPen(Qt::white);
+      painter.drawText(rect(), Qt::AlignCenter, style::Initial(name_));
+      return;
+    }
+    QPainterPath circle;
+    circle.addEllipse(rect());
+    painter.setClipPath(circle);
+    const int side = std::min(picture_.width(), picture_.height());
+    painter.drawPixmap(
+        rect(), picture_,
+        QRect((picture_.width() - side) / 2, (picture_.height() - side) / 2, side, side));
+  }
+
+ private:
+  QString name_;
+  QPixmap picture_;
+};
+
+class CloseButton : public QPushButton {
+ public:
+  CloseButton() {
+    setFixedSize(20, 20);
+    setFocusPolicy(Qt::NoFocus);
+    setStyleSheet(QLatin1String(kCloseStyle));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QPushButton::paintEvent(event);
+    QPainter painter(this);
+    PaintIcon(painter, QStringLiteral("Close"), QRectF(rect()).adjusted(4, 4, -4, -4));
+  }
+};
+
+}  // namespace
+
+Bubble::Bubble(const BubbleContent& content)
+    : QWidget(nullptr, FloatingWindow() | Qt::WindowDoesNotAcceptFocus),
+      stays_(content.is_question) {
+  setAttribute(Qt::WA_TranslucentBackground);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  const QString direction = content.text.isEmpty() ? content.title : content.text;
+  setLayoutDirection(direction.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+  auto* row = new QHBoxLayout(this);
+  row->setSpacing(10);
+  row->setContentsMargins(0, 0, 0, 0);  // until the bubble knows which way it points
+  if (content.has_avatar) {
+    row->addWidget(new Avatar(content.avatar_path, content.title), 0, Qt::AlignTop);
+  }
+  auto* column = new QVBoxLayout;
+  column->setSpacing(4);
+  row->addLayout(column);
+  AddTexts(content, *column);
+  if (stays_) {
+    auto* close = new CloseButton;
+    QObject::connect(close, &QPushButton::clicked, this, [this] { on_closed(); });
+    row->addWidget(close, 0, Qt::AlignTop);
+  } else {
+    QTimer::singleShot(kLifeMs, this, [this] { on_closed(); });
+  }
+}
+
+void Bubble::AddTexts(const BubbleContent& content, QBoxLayout& column) {
+  if (!content.title.isEmpty()) {
+    column.addWidget(
+        MakeLabel(content.title, style::Font(style::kRowFont, QFont::DemiBold), style::kText));
+  }
+  column.addWidget(MakeLabel(content.text, style::Font(style::kRowFont),
+                             content.title.isEmpty() ? style::kText : style::kQuietText));
+  if (!content.confirm.isEmpty()) {
+    auto* confirm =
+        new QPushButton(QString(content.confirm).replace(QLatin1Char('&'), QLatin1String("&&")));
+    confirm->setFont(style::Font(style::kRowFont));
+    confirm->setFocusPolicy(Qt::NoFocus);
+    confirm->setStyleSheet(QLatin1String(kButtonStyle));
+    QObject::connect(confirm, &QPushButton::clicked, this, [this] { on_confirm(); });
+    column.addSpacing(6);
+    column.addWidget(confirm, 0, Qt::AlignTrailing);
+  }
+}
+
+void Bubble::ShowAt(const QRect& button, const QRect& display) {
+  const int height = sizeHint().height() + 2 * kPadding + kArrow;
+  const int below = display.bottom() - button.bottom();
+  arrow_on_top_ = below >= height || below >= button.top() - display.top();
+  layout()->setContentsMargins(kSidePadding, kPadding + (arrow_on_top_ ? kArrow : 0), kSidePadding,
+                               kPadding + (arrow_on_top_ ? 0 : kArrow));
+  adjustSize();
+  QRect place(QPoint(0, 0), size());
+  place.moveTopLeft({button.center().x() - width() / 2,
+                     arrow_on_top_ ? button.bottom() + 1 : button.top() - height});
+  place = MovedInto(place, display);
+  move(place.topLeft());
+  constexpr int kLeastX = style::kWindowRadius + kArrow;
+  arrow_x_ =
+      std::clamp(button.center().x() - place.left(), kLeastX, std::max(kLeastX, width() - kLeastX));
+  show();
+}
+
+void Bubble::mouseReleaseEvent(QMouseEvent* /*event*/) {
+  if (!stays_) {
+    on_closed();
+  }
+}
+
+void Bubble::paintEvent(QPaintEvent* /*event*/) {
+  const QRectF panel = QRectF(rect()).adjusted(0.5, arrow_on_top_ ? kArrow + 0.5 : 0.5, -0.5,
+                                               arrow_on_top_ ? -0.5 : -kArrow - 0.5);
+  const double base = arrow_on_top_ ? panel.top() + 1 : panel.bottom() - 1;
+  const double tip = arrow_on_top_ ? panel.top() - kArrow + 1 : panel.bottom() + kArrow - 1;
+  QPainterPath arrow;
+  arrow.addPolygon(
+      {{arrow_x_ - kArrow * 1.0, base}, {arrow_x_ * 1.0, tip}, {arrow_x_ + kArrow * 1.0, base}});
+  QPainterPath outline;
+  outline.addRoundedRect(panel, style::kWindowRadius, style::kWindowRadius);
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(style::kBorder, 1));
+  painter.setBrush(style::kBackground);
+  painter.drawPath(outline.united(arrow));
+}
+
+}  // namespace lorimel_qt

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Between the pixels of the screens, in which the plug-in speaks, and Qt's device-independent
+// coordinates.
+//
+//     const QRect area = DisplayArea(0, 0, 1920, 1080);   // where windows may be
+//     const QRect pixels = ToPixels(widget->frameGeometry());
+#pragma once
+
+#include <QRect>
+#include <Qt>
+#include <cstdint>
+
+namespace lorimel_qt {
+
+// The part of the display rectangle, given in pixels, that lies on a screen; a whole screen where
+// it is empty or lies on none.
+QRect DisplayArea(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height);
+
+// Of a window that floats above the others, outside the task bar.
+Qt::WindowFlags FloatingWindow();
+
+QRect ToPixels(const QRect& area);
+QRect ToLogical(const QRect& pixels);
+
+// `wanted` moved into `area`; its top left corner is in `area` even where the rest does not fit.
+QRect MovedInto(QRect wanted, const QRect& area);
+
+}  // namespace lorimel_qt

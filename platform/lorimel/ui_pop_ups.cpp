@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+// The Ui's pop-up windows: drop-down windows and bubbles.
+#include <utility>
+
+#include "screen.h"
+#include "ui.h"
+#include "user_action.h"
+
+namespace lorimel_qt {
+namespace {
+
+using VELLOMAR_LORIMEL::EventKey;
+using vellomar_widgets::OwnedButton;
+
+constexpr int kScreenMargin = 8;
+
+bool IsOnSketchBar(EventKey key) {
+  return key >= EventKey::SketchSelect && key <= EventKey::SketchClear;
+}
+
+// The drop-down window's key; the colour button's palette is this library's own.
+EventKey WindowFor(EventKey opener) {
+  return opener == EventKey::SketchColor ? opener : vellomar_widgets::WindowOf(opener);
+}
+
+}  // namespace
+
+std::vector<OwnedButton> Ui::PaletteRows() const {
+  std::vector<OwnedButton> rows;
+  const OwnedButton* button = Record(EventKey::SketchColor);
+  for (int key = static_cast<int>(EventKey::SketchColorNone);
+       key <= static_cast<int>(EventKey::SketchColor4); ++key) {
+    OwnedButton row;
+    row.key = static_cast<EventKey>(key);
+    const bool chosen = button != nullptr && ChosenSketchColor(*button) == row.key;
+    row.status = chosen ? VELLOMAR_LORIMEL::kStatusOn : 0;
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+std::vector<OwnedButton> Ui::AskForRows(EventKey opener) {
+  if (opener == EventKey::SketchColor) {
+    return PaletteRows();
+  }
+  if (on_show_window_ == nullptr) {
+    return {};
+  }
+  int count = 0;
+  ++callback_depth_;
+  const VELLOMAR_LORIMEL::BtnParams* rows = on_show_window_(WindowFor(opener), count);
+  --callback_depth_;
+  if (rows == nullptr || count <= 0) {
+    return {};
+  }
+  return {rows, rows + count};
+}
+
+void Ui::ToggleList(EventKey opener) {
+  if (list_ != nullptr && list_opener_ == opener) {
+    CloseList();
+  } else {
+    Open(opener);
+  }
+}
+
+int Ui::Open(EventKey opener) {
+  const ButtonSpec* spec = SpecOf(opener);
+  if (!CanUse(opener) || WindowFor(opener) == EventKey::GroupHeader ||
+      !(HasExpandPart(*Record(opener)) ||
+        (spec != nullptr && (spec->traits & kOpensOnPress) != 0))) {
+    return -1;
+  }
+  const unsigned generation = generation_;
+  CloseList();
+  std::vector<OwnedButton> rows;
+  if (generation == generation_) {
+    rows = AskForRows(opener);
+  }
+  if (generation != generation_ || BarWith(opener) == nullptr) {
+    return -1;  // the plug-in has closed the bar meanwhile
+  }
+  const int count = static_cast<int>(rows.size());
+  if (count > 0) {
+    ShowList(opener, std::move(rows));
+  }
+  return count;
+}
+
+void Ui::ShowList(EventKey opener, std::vector<OwnedButton> rows) {
+  CloseBubble();
+  list_ = new ListWindow(std::move(rows));
+  list_opener_ = opener;
+  list_->on_pick = [this](std::size_t row) { Pick(row); };
+  list_->on_dismiss = [this] { CloseList(); };
+  const QMargins margins(kScreenMargin, kScreenMargin, kScreenMargin, kScreenMargin);
+  const BarWindow* bar = BarWith(opener);
+  list_->ShowAt(bar->OpenerArea(opener), bar->geometry(), request_.area - margins);
+  const unsigned generation = generation_;
+  ReportCreated(*list_, false);
+  if (opener == EventKey::InfoText && generation == generation_) {
+    ReportInfoExpanded(true);
+  }
+}
+
+void Ui::ReportInfoExpanded(bool expanded) {
+  OwnedButton event;
+  if (const OwnedButton* record = Record(EventKey::MeetingIdExpand); record != nullptr) {
+    event = *record;
+  }
+  event.key = EventKey::MeetingIdExpand;
+  event.status = expanded ? VELLOMAR_LORIMEL::kStatusOn : 0;
+  Report(std::move(event));
+}
+
+void Ui::CloseList() {
+  if (list_ == nullptr) {
+    return;
+  }
+  const EventKey opener = list_opener_;
+  void* const handle = list_;
+  const unsigned generation = generation_;
+  Discard(std::exchange(list_, nullptr));
+  // A button that is "on" while its window is open goes off with it, however the window closed.
+  const ButtonSpec* spec = SpecOf(opener);
+  const auto record = request_.records.find(opener);
+  if (spec != nullptr && (spec->traits & kOpensOnPress) != 0 && !IsOnSketchBar(opener) &&
+      record != request_.records.end()) {
+    record->second.status &= ~VELLOMAR_LORIMEL::kStatusOn;
+    Refresh();
+  }
+  ReportClosed(request_.on_closed, handle);
+  if (opener == EventKey::InfoText && generation == generation_) {
+    ReportInfoExpanded(false);
+  }
+}
+
+bool Ui::CloseSketchList() {
+  if (list_ == nullptr || !IsOnSketchBar(list_opener_)) {
+    return false;
+  }
+  CloseList();
+  return true;
+}
+
+bool Ui::Pick(std::size_t row) {
+  if (list_ == nullptr || row >= list_->Rows().size() ||
+      !vellomar_widgets::CanPress(list_->Rows()[row])) {
+    return false;
+  }
+  const unsigned generation = generation_;
+  OwnedButton picked = vellomar_widgets::AfterPick(list_->Rows(), row);
+  if (StaysOpenAfterPick(picked.key)) {
+    MarkPicked(*list_, row, picked);
+  } else {
+    CloseList();
+  }
+  if (generation == generation_) {
+    Report(std::move(picked));
+  }
+  return true;
+}
+
+void Ui::MarkPicked(ListWindow& list, std::size_t row, const OwnedButton& picked) {
+  std::vector<OwnedButton> rows = list.Rows();
+  rows[row] = picked;
+  for (OwnedButton& other : rows) {
+    if (other.key == picked.key) {
+      other.group_value = picked.group_value;
+    }
+  }
+  list.View().SetRows(std::move(rows));
+}
+
+const std::vector<OwnedButton>* Ui::Rows() const {
+  return list_ != nullptr ? &list_->Rows() : nullptr;
+}
+
+bool Ui::ShowBubble(EventKey key, const BubbleContent& content, const QRect& button_pixels) {
+  if (!IsBarVisible()) {
+    return false;
+  }
+  CloseBubble();
+  bubble_ = new Bubble(content);
+  bubble_asks_ = content.is_question;
+  bubble_->on_closed = [this] { CloseBubble(); };
+  bubble_->on_confirm = [this] { Press(EventKey::LeaveSubRoom); };
+  const BarWindow* bar = BarWith(key);
+  if (bar != nullptr) {
+    bubble_at_ = *bar->AreaOf(key);
+  } else {
+    bubble_at_ = button_pixels.isEmpty() ? bar_->geometry() : ToLogical(button_pixels);
+  }
+  bubble_button_ = bar != nullptr ? key : EventKey::GroupHeader;
+  bubble_->ShowAt(bubble_at_, request_.area);
+  return true;
+}
+
+// Stays with a button that moves, goes with a button that goes.
+void Ui::FollowBubble() {
+  if (bubble_ == nullptr || bubble_button_ == EventKey::GroupHeader) {
+    return;
+  }
+  const BarWindow* bar = BarWith(bubble_button_);
+  if (bar == nullptr) {
+    CloseBubble();
+  } else if (const QRect area = *bar->AreaOf(bubble_button_); area != bubble_at_) {
+    bubble_at_ = area;
+    bubble_->ShowAt(area, request_.area);
+  }
+}
+
+void Ui::CloseBubble() {
+  Discard(std::exchange(bubble_, nullptr));
+}
+
+}  // namespace lorimel_qt
