@@ -22,7 +22,7 @@
 
 namespace {
 
-constexpr std::size_t kFileBytes = 10 * 1024 * 1024;
+constexpr std::size_t kFileBytes = std::size_t{10} << 20;
 constexpr int kMostFiles = 1000;
 constexpr const char* kPattern = "%Y-%m-%d %H:%M:%S.%e [%t] %n %^%l%$ %v";
 

@@ -191,7 +191,7 @@ class VELLOMAR_LORIMEL_API Headless {
   bool CanUse(VELLOMAR_LORIMEL::EventKey key) const;
   std::vector<OwnedButton> RowsOf(VELLOMAR_LORIMEL::EventKey opener);
   void ReportInfoExpanded(bool expanded);
-  bool Report(const OwnedButton& event);
+  bool Report(OwnedButton event);
 
   std::vector<Call> calls_;
   std::vector<Creation> creations_;

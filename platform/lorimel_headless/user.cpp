@@ -69,9 +69,10 @@ BtnParams* Headless::Ask(EventKey window, int& count) {
   return rows;
 }
 
-bool Headless::Report(const OwnedButton& event) {
-  const OwnedButton own = event;  // the callback may change the one that it came from
-  BtnParams params = own.Params();
+// A copy: the callback may change or remove the button that the event came from.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+bool Headless::Report(OwnedButton event) {
+  BtnParams params = event.Params();
   return Fire(params);
 }
 
@@ -80,7 +81,7 @@ void Headless::ReportInfoExpanded(bool expanded) {
   OwnedButton event = record != nullptr ? *record : OwnedButton();
   event.key = EventKey::MeetingIdExpand;
   event.status = expanded ? VELLOMAR_LORIMEL::kStatusOn : 0;
-  Report(event);
+  Report(std::move(event));
 }
 
 bool Headless::Press(EventKey key) {
@@ -90,7 +91,7 @@ bool Headless::Press(EventKey key) {
     }
     OwnedButton event;
     event.key = key;
-    Report(event);
+    Report(std::move(event));
     return true;
   }
   // The bar itself, when it is dragged.
