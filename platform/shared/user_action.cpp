@@ -11,8 +11,6 @@ using VELLOMAR_LORIMEL::EventKey;
 
 // Buttons and rows that stay on or open until they are pressed again.
 constexpr std::array kToggles = {
-    EventKey::MuteAudio,
-    EventKey::MuteCamera,
     EventKey::Participants,
     EventKey::HostControl,
     EventKey::AnnotatePermission,
@@ -60,6 +58,11 @@ constexpr std::array kDropDowns = {
 
 OwnedButton AfterPress(const OwnedButton& button) {
   OwnedButton pressed = button;
+  if (button.key == EventKey::MuteAudio || button.key == EventKey::MuteCamera) {
+    // "On" is a live device, which the plug-in shows with the word 0 as well.
+    const bool muted = button.Has(VELLOMAR_LORIMEL::kStatusDeviceMuted);
+    pressed.status = muted ? VELLOMAR_LORIMEL::kStatusOn : VELLOMAR_LORIMEL::kStatusDeviceMuted;
+  }
   if (std::find(kToggles.begin(), kToggles.end(), button.key) != kToggles.end()) {
     pressed.status ^= VELLOMAR_LORIMEL::kStatusOn;
   }

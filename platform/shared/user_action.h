@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a press does to a record before the plug-in is told: the button turns its "on" bit, a check
-// row its check, a radio row becomes the checked one of its group.
+// row its check, a radio row becomes the checked one of its group, a live device becomes a muted one.
 //
 //     OwnedButton event = AfterPress(button);         // a button of a bar
 //     OwnedButton event = AfterPick(rows, index);     // a row of a drop-down window

@@ -190,6 +190,7 @@ void ControlbarManager::UpdateUIElement(EventKey key) {
     VELLOMAR_LOG::Fault("params is nullptr!");
     return;
   }
+  params->key = key;  // a record that nothing has filled yet has none
   Push(*params);
 }
 
