@@ -43,6 +43,8 @@ class EventLoop {
   ~EventLoop();
   EventLoop(const EventLoop&) = delete;
   EventLoop& operator=(const EventLoop&) = delete;
+  EventLoop(EventLoop&&) = delete;
+  EventLoop& operator=(EventLoop&&) = delete;
 
   Id Post(Task task);
   Id PostDelayed(Milliseconds delay, Task task);

@@ -18,6 +18,8 @@ class SharedLibrary {
   ~SharedLibrary();
   SharedLibrary(const SharedLibrary&) = delete;
   SharedLibrary& operator=(const SharedLibrary&) = delete;
+  SharedLibrary(SharedLibrary&&) = delete;
+  SharedLibrary& operator=(SharedLibrary&&) = delete;
 
   // The exported function, or null.
   template <typename Function>

@@ -26,6 +26,7 @@ namespace vellomar_host {
 class Payload {
  public:
   explicit Payload(std::size_t size);
+  ~Payload() = default;
   Payload(Payload&&) = default;
   Payload& operator=(Payload&&) = default;
   Payload(const Payload&) = delete;

@@ -46,10 +46,10 @@ std::int32_t ReadCount(const json& object, std::string_view member) {
 
 void CheckMembers(const json& object, std::string_view what,
                   std::span<const std::string_view> known) {
-  if (!object.is_object()) throw HostError(fmt::format("\"{}\" should be an object", what));
+  if (!object.is_object()) throw HostError(fmt::format(R"("{}" should be an object)", what));
   for (const auto& member : object.items()) {
     if (std::find(known.begin(), known.end(), member.key()) == known.end()) {
-      throw HostError(fmt::format("\"{}\" has no \"{}\"", what, member.key()));
+      throw HostError(fmt::format(R"("{}" has no "{}")", what, member.key()));
     }
   }
 }
@@ -85,7 +85,7 @@ json ReadTextFile(const path& file) {
     std::int64_t id = 0;
     const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), id);
     if (error != std::errc() || end != name.data() + name.size()) {
-      throw HostError(fmt::format("\"{}\": \"{}\" is not a text id", file.string(), name));
+      throw HostError(fmt::format(R"("{}": "{}" is not a text id)", file.string(), name));
     }
     arguments["ids"].push_back(id);
     arguments["texts"].push_back(entry.value());
@@ -223,7 +223,7 @@ Action ParseStep(const json& step, const path& folder) {
     const auto& optional = kind->optional;
     if (member.key() == kind->name) continue;
     if (std::find(optional.begin(), optional.end(), member.key()) == optional.end()) {
-      throw HostError(fmt::format("a step \"{}\" has no \"{}\"", kind->name, member.key()));
+      throw HostError(fmt::format(R"(a step "{}" has no "{}")", kind->name, member.key()));
     }
   }
   return kind->read(step, folder);

@@ -49,6 +49,8 @@ class Session {
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
+  Session(Session&&) = delete;
+  Session& operator=(Session&&) = delete;
 
   // Answers the out fields of an answering command, else an empty object.
   nlohmann::json Send(const Command& command, const nlohmann::json& arguments,

@@ -115,19 +115,15 @@ enum class EventKey : std::int32_t {
 };
 
 // Bits of BtnParams::status.
-enum : std::int32_t {
-  kStatusOn = 1,        // on, checked, selected
-  kStatusHidden = 2,    //
-  kStatusDisabled = 4,  //
-  kStatusUnread = 8,    // ControlbarSwitch: chat messages wait
-};
+inline constexpr std::int32_t kStatusOn = 1;  // on, checked, selected
+inline constexpr std::int32_t kStatusHidden = 2;
+inline constexpr std::int32_t kStatusDisabled = 4;
+inline constexpr std::int32_t kStatusUnread = 8;  // ControlbarSwitch: chat messages wait
 
 // Whole values of BtnParams::status with a meaning of their own.
-enum : std::int32_t {
-  kStatusLoading = 20,            // Annotate, while the sketch bar loads
-  kStatusDeviceMuted = 32,        // MuteAudio and MuteCamera, device status 0
-  kStatusDeviceUnavailable = 68,  // MuteAudio and MuteCamera, device status 2
-};
+inline constexpr std::int32_t kStatusLoading = 20;            // Annotate: the sketch bar loads
+inline constexpr std::int32_t kStatusDeviceMuted = 32;        // MuteAudio, MuteCamera: status 0
+inline constexpr std::int32_t kStatusDeviceUnavailable = 68;  // the same: status 2
 
 // One button of a bar or one row of a list. 56 bytes in the 32-bit interface.
 struct BtnParams {

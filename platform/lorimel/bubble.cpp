@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "icons.h"
 #include "screen.h"
@@ -56,7 +57,7 @@ QLabel* MakeLabel(const QString& text, const QFont& font, const QColor& color) {
 
 class Avatar : public QWidget {
  public:
-  Avatar(const QString& path, const QString& name) : name_(name), picture_(path) {
+  Avatar(const QString& path, QString name) : name_(std::move(name)), picture_(path) {
     setFixedSize(kAvatar, kAvatar);
   }
 

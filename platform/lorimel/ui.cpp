@@ -243,7 +243,7 @@ bool Ui::PressOutsideButtons(EventKey key) {
     CloseBubble();
     OwnedButton event;
     event.key = key;
-    Report(std::move(event));
+    Report(event);
     return true;
   }
   if (key == EventKey::WidgetMoving && IsBarVisible() && Record(key) != nullptr) {
@@ -270,16 +270,17 @@ bool Ui::Press(EventKey key) {
   if (key == EventKey::ControlbarSwitch) {
     mode_.collapsed = !mode_.collapsed;
   }
-  OwnedButton event = record;
   Refresh();
   const unsigned generation = generation_;
-  Report(std::move(event));
+  Report(record);
   if (opens && generation == generation_ && BarWith(key) != nullptr) {
     ToggleList(key);
   }
   return true;
 }
 
+// By value: the plug-in may push the same button's record meanwhile.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void Ui::Report(OwnedButton event) {
   if (on_event_ != nullptr) {
     VELLOMAR_LORIMEL::BtnParams params = event.Params();

@@ -36,8 +36,7 @@ class Ui {
  public:
   Ui();
   ~Ui();
-  Ui(const Ui&) = delete;
-  Ui& operator=(const Ui&) = delete;
+  Q_DISABLE_COPY_MOVE(Ui)
 
   bool Create(BarRequest request);
   bool Show(void* handle, bool show);

@@ -110,7 +110,7 @@ void Ui::ReportInfoExpanded(bool expanded) {
   }
   event.key = EventKey::MeetingIdExpand;
   event.status = expanded ? VELLOMAR_LORIMEL::kStatusOn : 0;
-  Report(std::move(event));
+  Report(event);
 }
 
 void Ui::CloseList() {
@@ -156,7 +156,7 @@ bool Ui::Pick(std::size_t row) {
     CloseList();
   }
   if (generation == generation_) {
-    Report(std::move(picked));
+    Report(picked);
   }
   return true;
 }

@@ -152,6 +152,7 @@ TEST(EventLoop, TakesPostsFromManyThreads) {
   EventLoop loop;
   int runs = 0;
   std::vector<std::thread> threads;
+  threads.reserve(kThreads);
   for (int i = 0; i < kThreads; ++i) {
     threads.emplace_back([&] {
       for (int k = 0; k < kPosts; ++k) loop.Post([&] { ++runs; });
