@@ -156,6 +156,7 @@ QSize RowView::sizeHint() const {
   int width = 0;
   int height = 0;
   int swatches = 0;
+  const int mark_width = MarkWidth();
   for (const OwnedButton& row : rows_) {
     const Look look = LookOf(row);
     if (look == Look::kSwatch) {
@@ -165,7 +166,7 @@ QSize RowView::sizeHint() const {
     const int text = fontMetrics().horizontalAdvance(style::Label(row.text));
     const int extra = fontMetrics().horizontalAdvance(style::Label(row.extra_text));
     width = std::max(
-        width, 2 * kSide + MarkWidth() + text + 2 + (extra > 0 ? extra + kExtraGap : 0) + kMark);
+        width, 2 * kSide + mark_width + text + 2 + (extra > 0 ? extra + kExtraGap : 0) + kMark);
     height += HeightOf(look);
   }
   if (swatches > 0 && width == 0) {
