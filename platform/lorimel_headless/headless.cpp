@@ -174,10 +174,7 @@ bool Headless::ShowSketch(bool show) {
 }
 
 bool Headless::ClearSketchList() {
-  const auto is_sketch = [](EventKey key) {
-    return key >= EventKey::SketchSelect && key <= EventKey::SketchClear;
-  };
-  if (behaviour.refuse_sketch || !list_ || !is_sketch(list_->opener)) {
+  if (behaviour.refuse_sketch || !list_ || !IsOnSketchBar(list_->opener)) {
     return false;
   }
   CloseList();
@@ -191,6 +188,12 @@ bool Headless::CloseSketch() {
   bar_->sketch_visible = false;
   ClearSketchList();
   return true;
+}
+
+void Headless::ShowBubble(bool asks) {
+  if (bar_) {
+    bar_->asks = asks;
+  }
 }
 
 std::optional<Rectangle> Headless::AreaOf(EventKey key) const {
@@ -216,10 +219,7 @@ bool Headless::IsOnABar(EventKey key) const {
     return IsBarVisible() && record != nullptr && !record->Has(VELLOMAR_LORIMEL::kStatusHidden) &&
            std::find(kInfoLine.begin(), kInfoLine.end(), key) != kInfoLine.end();
   }
-  const bool is_sketch =
-      spec >= lorimel_qt::SketchButtons().data() &&
-      spec < lorimel_qt::SketchButtons().data() + lorimel_qt::SketchButtons().size();
-  if (is_sketch) {
+  if (IsOnSketchBar(key)) {
     return IsSketchBarVisible() && lorimel_qt::IsShown(*spec, buttons_, {});
   }
   return IsBarVisible() &&

@@ -187,7 +187,10 @@ class VELLOMAR_LORIMEL_API Headless {
 
   void* NewHandle();
   void Later(bool later, std::function<void()> callback);
+  void ShowBubble(bool asks);  // which replaces the one that is open
+  static bool IsOnSketchBar(VELLOMAR_LORIMEL::EventKey key);
   bool IsOnABar(VELLOMAR_LORIMEL::EventKey key) const;
+  bool PressOutsideButtons(VELLOMAR_LORIMEL::EventKey key);
   bool CanUse(VELLOMAR_LORIMEL::EventKey key) const;
   std::vector<OwnedButton> RowsOf(VELLOMAR_LORIMEL::EventKey opener);
   void ReportInfoExpanded(bool expanded);

@@ -137,6 +137,7 @@ bool Lorimel::SetMicVolume(int volume) {
 
 void Lorimel::ShowControlbarButtonTip(EventKey key, const char* text, bool a, int b, bool c) {
   TheHeadless().button_tips_.push_back({key, OrEmpty(text), a, b, c});
+  TheHeadless().ShowBubble(false);
   TheHeadless().Keep("ShowControlbarButtonTip", Arguments(key, OrEmpty(text), a, b, c));
 }
 
@@ -144,6 +145,7 @@ void Lorimel::ShowControlbarButtonTipByInfo(EventKey key, TipWindowInfo& info) {
   const vellomar_widgets::ChatTip tip = {key, OrEmpty(info.avatarPath), OrEmpty(info.senderName),
                                          OrEmpty(info.text), OrEmpty(info.participantKey)};
   TheHeadless().chat_tips_.push_back(tip);
+  TheHeadless().ShowBubble(false);
   TheHeadless().Keep(
       "ShowControlbarButtonTipByInfo",
       Arguments(key, tip.avatar_path, tip.sender_name, tip.text, tip.participant_key));
@@ -163,7 +165,7 @@ bool Lorimel::ShowControlbarButtonConfirmTipByInfo(EventKey key, ConfirmTipWindo
   if (library.behaviour.refuse_confirm_tip || !library.IsBarVisible()) {
     return false;
   }
-  library.bar_->asks = true;
+  library.ShowBubble(true);
   return true;
 }
 

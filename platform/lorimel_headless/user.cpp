@@ -52,6 +52,10 @@ bool Headless::CanUse(EventKey key) const {
   return record != nullptr && CanPress(*record) && IsOnABar(key);
 }
 
+bool Headless::IsOnSketchBar(EventKey key) {
+  return key >= EventKey::SketchSelect && key <= EventKey::SketchClear;
+}
+
 bool Headless::Fire(BtnParams& params) {
   if (on_event_ == nullptr) {
     return false;
@@ -81,25 +85,32 @@ void Headless::ReportInfoExpanded(bool expanded) {
   OwnedButton event = record != nullptr ? *record : OwnedButton();
   event.key = EventKey::MeetingIdExpand;
   event.status = expanded ? VELLOMAR_LORIMEL::kStatusOn : 0;
-  Report(std::move(event));
+  Report(event);
 }
 
-bool Headless::Press(EventKey key) {
-  if (key == EventKey::LeaveSubRoom) {
-    if (!bar_ || !std::exchange(bar_->asks, false)) {
-      return false;
-    }
+bool Headless::PressOutsideButtons(EventKey key) {
+  if (key == EventKey::LeaveSubRoom && bar_ && bar_->asks) {
+    bar_->asks = false;
     OwnedButton event;
     event.key = key;
-    Report(std::move(event));
-    return true;
+    return Report(event);
   }
   // The bar itself, when it is dragged.
   if (key == EventKey::WidgetMoving && IsBarVisible() && Button(key) != nullptr) {
-    Report(*Button(key));
-    return true;
+    return Report(*Button(key));
   }
-  if (!CanUse(key) || (lorimel_qt::SpecOf(key) == nullptr && key != EventKey::InfoText)) {
+  return false;
+}
+
+bool Headless::Press(EventKey key) {
+  if (lorimel_qt::SpecOf(key) == nullptr && key != EventKey::InfoText) {
+    return PressOutsideButtons(key);
+  }
+  const bool has_list = list_ && list_->opener == key && OpensOnPress(key);
+  if (CanUse(key) && !has_list) {
+    CloseList();  // as every click elsewhere does
+  }
+  if (!CanUse(key)) {
     return false;
   }
   OwnedButton& button = buttons_[key];
@@ -155,6 +166,7 @@ int Headless::Open(EventKey key) {
   const int count = static_cast<int>(rows.size());
   void* const handle = NewHandle();
   list_ = List{handle, opener, std::move(rows)};
+  bar_->asks = false;
   if (bar_->on_created != nullptr) {
     bar_->on_created(handle, kListArea.x, kListArea.y, kListArea.width, kListArea.height, false,
                      handles_.size());
@@ -176,6 +188,7 @@ bool Headless::Pick(EventKey key, const char* value_text) {
   if (found == rows.end() || !CanPress(*found)) {
     return false;
   }
+  const void* const bar = BarHandle();
   const OwnedButton picked = AfterPick(rows, static_cast<std::size_t>(found - rows.begin()));
   if (StaysOpen(*found, picked)) {
     *found = picked;
@@ -185,7 +198,9 @@ bool Headless::Pick(EventKey key, const char* value_text) {
   } else {
     CloseList();
   }
-  Report(picked);
+  if (bar == BarHandle()) {
+    Report(picked);
+  }
   return true;
 }
 
@@ -196,7 +211,7 @@ void Headless::CloseList() {
   const List list = *std::exchange(list_, std::nullopt);
   // A button that is "on" while its window is open goes off with it, however the window closed.
   const auto opener = buttons_.find(list.opener);
-  if (OpensOnPress(list.opener) && opener != buttons_.end()) {
+  if (OpensOnPress(list.opener) && !IsOnSketchBar(list.opener) && opener != buttons_.end()) {
     opener->second.status &= ~VELLOMAR_LORIMEL::kStatusOn;
   }
   const void* const bar = BarHandle();

@@ -137,6 +137,30 @@ TEST_F(HeadlessTest, DropDownWindowsOpenByEitherKeyAndCloseOnAPick) {
   EXPECT_THAT(told, IsEmpty());
 }
 
+TEST_F(HeadlessTest, AClickElsewhereClosesTheWindow) {
+  rows.resize(1);
+  ShowBar();
+  EXPECT_TRUE(user.press(1008));
+  EXPECT_EQ(user.rowCount(), 1);
+  EXPECT_TRUE(user.press(1003));
+  EXPECT_EQ(user.rowCount(), 0);
+  EXPECT_EQ(library.Button(EventKey::More)->status, 0) << "it was on while its window was open";
+  EXPECT_THAT(told, ElementsAre("event 1008 1", "popup created", "popup closed", "event 1003 1"));
+}
+
+TEST_F(HeadlessTest, ConfirmTipAsksUntilItIsReplacedOrAnswered) {
+  ConfirmTipWindowInfo question = {};
+  ShowBar();
+  EXPECT_FALSE(user.press(1092));
+  EXPECT_TRUE(lorimel.ShowControlbarButtonConfirmTipByInfo(EventKey::Leave, question));
+  lorimel.ShowControlbarButtonTip(EventKey::Chat, "tip", false, 0, false);
+  EXPECT_FALSE(user.press(1092));
+  EXPECT_TRUE(lorimel.ShowControlbarButtonConfirmTipByInfo(EventKey::Leave, question));
+  EXPECT_TRUE(user.press(1092));
+  EXPECT_FALSE(user.press(1092));
+  EXPECT_THAT(told, ElementsAre("event 1092 0"));
+}
+
 TEST_F(HeadlessTest, OneBarAtATimeAndTheNextFromTheClosedCallback) {
   ShowBar();
   EXPECT_FALSE(Create());
