@@ -74,6 +74,7 @@ void AddLeaves(const Value& value, const char* base, Leaves& leaves) {
   if constexpr (std::is_class_v<Value>) {
     ForEachMember(value, [&](const auto& member) { AddLeaves(member, base, leaves); });
   } else {
+    // NOLINTNEXTLINE(bugprone-sizeof-expression): of a pointer, its own size is meant
     leaves.emplace_back(reinterpret_cast<const char*>(&value) - base, sizeof(Value));
   }
 }
