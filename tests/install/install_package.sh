@@ -3,9 +3,9 @@
 # Installs the build, moves the result, and uses it there: through the CMake package, through
 # pkg-config, and with the installed tool.
 #
-#     install_package.sh CMAKE BUILD_FOLDER SCRATCH_FOLDER LIBDIR CXX
+#     install_package.sh CMAKE GENERATOR CXX BUILD_FOLDER SCRATCH_FOLDER LIBDIR
 set -euo pipefail
-cmake=$1 build=$2 scratch=$3 libdir=$4 cxx=$5
+cmake=$1 generator=$2 cxx=$3 build=$4 scratch=$5 libdir=$6
 consumer=$(cd "$(dirname "$0")" && pwd)/consumer
 prefix=$scratch/moved
 
@@ -18,7 +18,7 @@ mkdir -p "$scratch"
 mv "$scratch/installed" "$prefix"
 
 echo '-- a consumer through the CMake package'
-"$cmake" -S "$consumer" -B "$scratch/consumer" -DCMAKE_PREFIX_PATH="$prefix" \
+"$cmake" -G "$generator" -S "$consumer" -B "$scratch/consumer" -DCMAKE_PREFIX_PATH="$prefix" \
   -DCMAKE_CXX_COMPILER="$cxx" >"$scratch/configure.log"
 "$cmake" --build "$scratch/consumer" >"$scratch/build.log"
 "$scratch/consumer/consumer"
