@@ -131,6 +131,7 @@ bool Headless::Show(void* handle, bool show) {
 }
 
 bool Headless::Close() {
+  kept_lists_.clear();  // the plug-in drops its lists when it closes the bar
   return !behaviour.refuse_close && CloseBar();
 }
 

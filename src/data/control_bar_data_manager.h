@@ -321,6 +321,8 @@ class ControlBarDataManager {
   ItemList m_sketchClearItems;
   ItemList m_interpretationItems;
   ItemList m_shareAudioItems;
+  // The widget library may still draw a window while it is told to close.
+  std::vector<ItemList> m_closedLists;
   std::string m_controllingText;
 
   std::map<std::string, ParticipantEntry, std::less<>> m_participants;

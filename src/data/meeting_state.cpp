@@ -2,6 +2,8 @@
 // The state of the meeting as the host last reported it.
 #include <fmt/format.h>
 
+#include <utility>
+
 #include "common/text.h"
 #include "data/control_bar_data_manager.h"
 
@@ -241,11 +243,12 @@ void ControlBarDataManager::ClearDataCache() {
   m_cameras = std::make_shared<DeviceList>();
   m_languages = std::make_shared<DeviceList>();
   m_interpretationFlags = {};
+  m_closedLists.clear();
   for (ItemList* list :
        {&m_audioItems, &m_cameraItems, &m_hostControlItems, &m_sharingPermissionItems,
         &m_sharingOptionItems, &m_moreItems, &m_participantItems, &m_sketchPenItems,
         &m_sketchClearItems, &m_interpretationItems, &m_shareAudioItems}) {
-    *list = {};
+    m_closedLists.push_back(std::exchange(*list, {}));
   }
   m_remoteController.reset();
   m_participantCountText.clear();

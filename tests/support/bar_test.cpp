@@ -35,7 +35,7 @@ void BarTest::OnNotify(const char* sender, std::uint32_t low, std::uint32_t high
   ASSERT_NE(row, nullptr) << low;
   const Json fields = vellomar_host::DecodeNotification(*row, payload);
   std::string line(row->name);
-  if (!fields.empty()) line += " " + fields.dump();
+  if (!fields.empty()) line += " " + vellomar_host::ToLine(fields);
   current_->told_.push_back(line);
 }
 
