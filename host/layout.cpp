@@ -36,6 +36,11 @@ constexpr std::array kTypes = {
             "text avatarKey, text avatarPath, flag flag"},
 };
 
+const TypeRow& RowOf(FieldType type) {
+  return *std::find_if(kTypes.begin(), kTypes.end(),
+                       [type](const TypeRow& row) { return row.type == type; });
+}
+
 bool TakePrefix(std::string_view& text, std::string_view prefix) {
   if (!text.starts_with(prefix)) return false;
   text.remove_prefix(prefix.size());
@@ -99,10 +104,12 @@ Layout ParseLayout(std::string_view notation, std::size_t pointer_size) {
   return layout;
 }
 
+std::string_view TypeName(FieldType type) {
+  return RowOf(type).word;
+}
+
 std::string_view NestedFields(FieldType type) {
-  return std::find_if(kTypes.begin(), kTypes.end(),
-                      [type](const TypeRow& row) { return row.type == type; })
-      ->nested;
+  return RowOf(type).nested;
 }
 
 }  // namespace vellomar_host

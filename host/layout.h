@@ -35,6 +35,9 @@ struct Layout {
 // records are meant.
 Layout ParseLayout(std::string_view notation, std::size_t pointer_size = sizeof(void*));
 
+// As the notation writes it.
+std::string_view TypeName(FieldType type);
+
 // The fields of a rect, device or participant, in the same notation; empty for other types.
 std::string_view NestedFields(FieldType type);
 

@@ -3,6 +3,7 @@
 //
 //   controlbar-host play scenarios/first-share.json --widgets headless
 //   controlbar-host commands
+//   controlbar-host commands --markdown > docs/commands.md
 //
 // Exit status: 0 all went well, 1 an expectation failed, 2 bad file or arguments, or cannot load.
 #include <fmt/format.h>
@@ -22,6 +23,7 @@
 #include "host/tables.h"
 #include "host/transcript.h"
 #include "tools/platform.h"
+#include "tools/reference.h"
 
 namespace {
 
@@ -55,7 +57,11 @@ void PrintTable(const std::vector<Row>& rows) {
   }
 }
 
-int PrintCommands() {
+int PrintCommands(bool markdown) {
+  if (markdown) {
+    fmt::print("{}", vellomar_tools::CommandsAsMarkdown());
+    return kOk;
+  }
   std::vector<Row> rows = {{"ID", "NAME", "SHAPE", "ROUTE", "OPERATION", "FIELDS"}};
   for (const auto& command : vellomar_host::Commands()) {
     rows.push_back({std::to_string(command.id), std::string(command.name),
@@ -67,7 +73,11 @@ int PrintCommands() {
   return kOk;
 }
 
-int PrintNotifications() {
+int PrintNotifications(bool markdown) {
+  if (markdown) {
+    fmt::print("{}", vellomar_tools::NotificationsAsMarkdown());
+    return kOk;
+  }
   std::vector<Row> rows = {{"ID", "NAME", "FIELDS"}};
   for (const auto& notification : vellomar_host::Notifications()) {
     rows.push_back({std::to_string(notification.id), std::string(notification.name),
@@ -139,14 +149,19 @@ int Run(int argc, char** argv) {
   auto* play = app.add_subcommand("play", "play a scenario");
   DescribePlay(*play, arguments);
   auto* commands = app.add_subcommand("commands", "print the commands that the plug-in takes");
-  app.add_subcommand("notifications", "print the notifications that the plug-in sends");
+  auto* notifications =
+      app.add_subcommand("notifications", "print the notifications that the plug-in sends");
+  bool markdown = false;
+  for (auto* table : {commands, notifications}) {
+    table->add_flag("--markdown", markdown, "as a page of Markdown, with offsets and sizes");
+  }
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kOk : kCannotRun;
   }
   if (play->parsed()) return Play(arguments);
-  return commands->parsed() ? PrintCommands() : PrintNotifications();
+  return commands->parsed() ? PrintCommands(markdown) : PrintNotifications(markdown);
 }
 
 }  // namespace
