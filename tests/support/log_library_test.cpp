@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -25,11 +26,11 @@ using testing::internal::GetCapturedStderr;
 
 class LogLibraryTest : public testing::Test {
  protected:
-  LogLibraryTest() {
+  LogLibraryTest() { Load(); }
+  ~LogLibraryTest() override {
+    Unload();
     std::filesystem::remove_all(folder_);
-    Load();
   }
-  ~LogLibraryTest() override { Unload(); }
 
   void Load() {
     library_ = dlopen(VELLOMAR_LOG_PATH, RTLD_NOW);
@@ -60,8 +61,8 @@ class LogLibraryTest : public testing::Test {
   }
 
   decltype(&VellomarLogWrite) write = nullptr;
-  const path folder_ =
-      path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+  // The tests of several builds may run at once.
+  const path folder_ = path(testing::TempDir()) / ("vellomar-log-" + std::to_string(getpid()));
 
  private:
   void* library_ = nullptr;
