@@ -20,9 +20,19 @@ namespace {
 
 using VELLOMAR_LOG::TraceScope;
 
-// The parameters and result of an operation.
+// The parameters and result of an operation: a member function, or a row of its own.
 template <typename Operation>
 struct Signature;
+template <>
+struct Signature<const FlagCommand*> {
+  using Result = void;
+  using Parameters = std::tuple<bool>;
+};
+template <typename Value>
+struct Signature<const StoreCommand<Value>*> {
+  using Result = void;
+  using Parameters = std::tuple<Value>;
+};
 template <typename R, typename... Ps>
 struct Signature<R (ControlbarManager::*)(Ps...)> {
   using Result = R;
@@ -40,17 +50,26 @@ decltype(auto) ConvertTo(From& value) {
   }
 }
 
+template <auto operation, typename Parameters, typename Arguments>
+auto Invoke(ControlbarManager& manager, Arguments& arguments) {
+  return [&]<std::size_t... i>(std::index_sequence<i...>) {
+    return (manager.*
+            operation)(ConvertTo<std::tuple_element_t<i, Parameters>>(std::get<i>(arguments))...);
+  }
+  (std::make_index_sequence<std::tuple_size_v<Arguments>>());
+}
+
 template <auto operation, typename Arguments>
 auto Call(Arguments& arguments) {
   using Parameters = typename Signature<decltype(operation)>::Parameters;
   static_assert(std::tuple_size_v<Parameters> == std::tuple_size_v<Arguments>,
                 "the record does not have the operation's arguments");
   ControlbarManager& manager = *ControlbarManager::GetInstance();
-  return [&]<std::size_t... i>(std::index_sequence<i...>) {
-    return (manager.*
-            operation)(ConvertTo<std::tuple_element_t<i, Parameters>>(std::get<i>(arguments))...);
+  if constexpr (std::is_pointer_v<decltype(operation)>) {
+    manager.Run(*operation, std::get<0>(arguments));
+  } else {
+    return Invoke<operation, Parameters>(manager, arguments);
   }
-  (std::make_index_sequence<std::tuple_size_v<Arguments>>());
 }
 
 template <const char* name, typename Record, auto operation>

@@ -95,23 +95,52 @@ class ControlBarDataManager {
   void SetRecording(bool recording) { Store(__func__, m_isRecording, recording); }
   bool IsRecording() const { return Load(__func__, m_isRecording); }
 
-  void SetLiveStatus(bool is_start);
-  bool GetLiveStatus() const;
+  // These log their value.
+  void SetLiveStatus(bool is_start) {
+    StoreLogged(__func__, m_isLiveStart, is_start, "SetLiveStatus isStart:{}");
+  }
+  bool GetLiveStatus() const {
+    return LoadLogged(__func__, m_isLiveStart, "GetLiveStatus m_isLiveStart = {}");
+  }
   void SetShareAudioStatus(bool is_start);
-  bool GetShareAudioStatus() const;
-  void SetOnlyHostCanShare(bool on);
-  void SetOnlyHostCanReshare(bool on);
-  void SetInterpretationSwitchEnable(bool enable);
-  void SetControllbarSwitch(bool open);
-  void SetSketchEnabled(bool enabled);
-  bool GetSketchEnabled() const;
-  void SetSketchVisible(bool visible);
-  bool GetSketchVisible() const;
+  bool GetShareAudioStatus() const {
+    return LoadLogged(__func__, m_isShareAudioOpened,
+                      "GetShareAudioStatus m_isShareAudioOpened = {}");
+  }
+  void SetOnlyHostCanShare(bool on) {
+    StoreLogged(__func__, m_onlyHostCanShare, on, "SetOnlyHostCanShare {}");
+  }
+  void SetOnlyHostCanReshare(bool on) {
+    StoreLogged(__func__, m_onlyHostCanReshare, on, "SetOnlyHostCanReshare {}");
+  }
+  void SetInterpretationSwitchEnable(bool enable) {
+    StoreLogged(__func__, m_interpretationSwitchEnable, enable,
+                "SetInterpretationSwitchEnable enable = {}");
+  }
+  void SetControllbarSwitch(bool open) {
+    StoreLogged(__func__, m_isExpanded, open, "SetControllbarSwitch bOpen = {}");
+  }
+  void SetSketchEnabled(bool enabled) {
+    StoreLogged(__func__, m_sketchEnabled, enabled, "datamanager setsketchenable {}");
+  }
+  bool GetSketchEnabled() const {
+    return LoadLogged(__func__, m_sketchEnabled, "datamanager getsketchenabled {}");
+  }
+  void SetSketchVisible(bool visible) {
+    StoreLogged(__func__, m_sketchVisible, visible, "datamanager setsketchvisible {}");
+  }
+  bool GetSketchVisible() const {
+    return LoadLogged(__func__, m_sketchVisible, "datamanager getsketchvisible {}");
+  }
 
   void UpdateHostInfo(const VellomarHostControlInfo& info);
   VellomarHostControlInfo GetHostInfo() const { return Load(__func__, m_hostInfo); }
-  void SetCurrentSecurityLevel(std::int64_t level);
-  std::int64_t GetCurrentSecurityLevel() const;
+  void SetCurrentSecurityLevel(std::int64_t level) {
+    Store(__func__, m_hostInfo.selectedSecurityLevel, level);
+  }
+  std::int64_t GetCurrentSecurityLevel() const {
+    return Load(__func__, m_hostInfo.selectedSecurityLevel);
+  }
   void SetNeedMoveToLobby(bool on) { Store(__func__, m_hostInfo.needMoveToLobby, Byte(on)); }
   bool IsNeedMoveToLobby() const { return Load(__func__, m_hostInfo.needMoveToLobby) != 0; }
   void SetEntryOnMuted(bool on) { Store(__func__, m_hostInfo.entryOnMuted, Byte(on)); }
@@ -206,6 +235,17 @@ class ControlBarDataManager {
   template <typename Field>
   static Field Load(const char* function, const Field& field) {
     const Scope scope(function);
+    return field;
+  }
+  static void StoreLogged(const char* function, bool& field, bool value,
+                          VELLOMAR_LOG::FormatString<bool&> log) {
+    const Scope scope(function);
+    VELLOMAR_LOG::Info(log, value);
+    field = value;
+  }
+  static bool LoadLogged(const char* function, bool field, VELLOMAR_LOG::FormatString<bool&> log) {
+    const Scope scope(function);
+    VELLOMAR_LOG::Info(log, field);
     return field;
   }
   static std::uint8_t Byte(bool on) { return on ? 1 : 0; }

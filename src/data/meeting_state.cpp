@@ -17,78 +17,12 @@ constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
 
 }  // namespace
 
-void ControlBarDataManager::SetLiveStatus(bool is_start) {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("SetLiveStatus isStart:{}", is_start);
-  m_isLiveStart = is_start;
-}
-
-bool ControlBarDataManager::GetLiveStatus() const {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("GetLiveStatus m_isLiveStart = {}", m_isLiveStart);
-  return m_isLiveStart;
-}
-
 void ControlBarDataManager::SetShareAudioStatus(bool is_start) {
   const Scope scope(__func__);
   VELLOMAR_LOG::Info("SetShareAudioStatus isStart = {}", is_start);
   m_isShareAudioOpened = is_start;
   const std::int32_t status = GetEventKeyStatus(EventKey::ShareAudio);
   SetEventKeyParams(EventKey::ShareAudio, is_start ? status | kOn : status & ~kOn);
-}
-
-bool ControlBarDataManager::GetShareAudioStatus() const {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("GetShareAudioStatus m_isShareAudioOpened = {}", m_isShareAudioOpened);
-  return m_isShareAudioOpened;
-}
-
-void ControlBarDataManager::SetOnlyHostCanShare(bool on) {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("SetOnlyHostCanShare {}", on);
-  m_onlyHostCanShare = on;
-}
-
-void ControlBarDataManager::SetOnlyHostCanReshare(bool on) {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("SetOnlyHostCanReshare {}", on);
-  m_onlyHostCanReshare = on;
-}
-
-void ControlBarDataManager::SetInterpretationSwitchEnable(bool enable) {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("SetInterpretationSwitchEnable enable = {}", enable);
-  m_interpretationSwitchEnable = enable;
-}
-
-void ControlBarDataManager::SetControllbarSwitch(bool open) {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("SetControllbarSwitch bOpen = {}", open);
-  m_isExpanded = open;
-}
-
-void ControlBarDataManager::SetSketchEnabled(bool enabled) {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("datamanager setsketchenable {}", enabled);
-  m_sketchEnabled = enabled;
-}
-
-bool ControlBarDataManager::GetSketchEnabled() const {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("datamanager getsketchenabled {}", m_sketchEnabled);
-  return m_sketchEnabled;
-}
-
-void ControlBarDataManager::SetSketchVisible(bool visible) {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("datamanager setsketchvisible {}", visible);
-  m_sketchVisible = visible;
-}
-
-bool ControlBarDataManager::GetSketchVisible() const {
-  const Scope scope(__func__);
-  VELLOMAR_LOG::Info("datamanager getsketchvisible {}", m_sketchVisible);
-  return m_sketchVisible;
 }
 
 void ControlBarDataManager::UpdateHostInfo(const VellomarHostControlInfo& info) {
@@ -103,14 +37,6 @@ void ControlBarDataManager::UpdateHostInfo(const VellomarHostControlInfo& info) 
       info.enableUseEnableOpenMicBySelf != 0, info.enableOpenMicBySelf != 0);
   SetOnlyHostCanShare(IsOn(info.onlyHostCanShare));
   SetOnlyHostCanReshare(IsOn(info.onlyHostCanReshare));
-}
-
-void ControlBarDataManager::SetCurrentSecurityLevel(std::int64_t level) {
-  Store(__func__, m_hostInfo.selectedSecurityLevel, level);
-}
-
-std::int64_t ControlBarDataManager::GetCurrentSecurityLevel() const {
-  return Load(__func__, m_hostInfo.selectedSecurityLevel);
 }
 
 void ControlBarDataManager::UpdateAudioItems(DeviceList microphones, DeviceList speakers) {

@@ -35,31 +35,33 @@ void ControlbarManager::Apply(const ButtonChange& change) {
   UpdateUIElement(change.key);
 }
 
-void ControlbarManager::SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status) {
+void ControlbarManager::Run(const FlagCommand& command, bool flag) {
+  const Scope scope(command.name);
+  Info(command.log, flag);
+  const std::int32_t status = flag == command.set_when ? command.bit : 0;
+  Apply({command.key, status, command.whole ? kWholeStatus : command.bit, command.text_id});
+}
+
+void ControlbarManager::SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status,
+                                        VELLOMAR_LOG::FormatString<const char*&> log) {
   std::int32_t word = 0;
   if (status == 0) word = VELLOMAR_LORIMEL::kStatusDeviceMuted;
   if (status == 2) word = VELLOMAR_LORIMEL::kStatusDeviceUnavailable;
+  const char* state = word != 0 ? "Mute" : "Unmute";
+  Info(log, state);
   Apply(Whole(key, word, text_id));
 }
 
 void ControlbarManager::SetAudioStatus(std::int64_t status) {
   const Scope scope(__func__);
   Info("AudioStatus:{}", status);
-  Info("[Controlbar] {} audio.", status == 0 || status == 2 ? "Mute" : "Unmute");
-  SetDeviceStatus(EventKey::MuteAudio, 10001, status);
+  SetDeviceStatus(EventKey::MuteAudio, 10001, status, "[Controlbar] {} audio.");
 }
 
 void ControlbarManager::SetCameraStatus(std::int64_t status) {
   const Scope scope(__func__);
   Info("CameraStatus:{}", status);
-  Info("[Controlbar] {} camera.", status == 0 || status == 2 ? "Mute" : "Unmute");
-  SetDeviceStatus(EventKey::MuteCamera, 10002, status);
-}
-
-void ControlbarManager::SetParticipantsStatus(bool open) {
-  const Scope scope(__func__);
-  Info("SetParticipantsStatus:{}", open);
-  Apply(Bit(EventKey::Participants, kStatusOn, open));
+  SetDeviceStatus(EventKey::MuteCamera, 10002, status, "[Controlbar] {} camera.");
 }
 
 void ControlbarManager::SetInteraction(bool enable, bool is_show) {
@@ -70,84 +72,10 @@ void ControlbarManager::SetInteraction(bool enable, bool is_show) {
       Whole(EventKey::Chat, (is_show ? 0 : kStatusHidden) | (enable ? 0 : kStatusDisabled), 10005));
 }
 
-// Remote control, subtitles and phone invitations are hidden, not greyed, where they are disabled.
-
-void ControlbarManager::SetRemoteControlEnabled(bool enable) {
-  const Scope scope(__func__);
-  Info("[Controlbar] Set remote control enable {}.", enable);
-  Apply(Whole(EventKey::RemoteControl, enable ? 0 : kStatusHidden, 10013));
-}
-
-void ControlbarManager::SetSubtitleEnable(bool enable) {
-  const Scope scope(__func__);
-  Info("[Controlbar] Set subtitle enable {}.", enable);
-  Apply(Whole(EventKey::Subtitles, enable ? 0 : kStatusHidden));
-}
-
-void ControlbarManager::SetPhoneInviteEnable(bool enable) {
-  const Scope scope(__func__);
-  Info("[Controlbar] Set phone invite enable {}.", enable);
-  Apply(Whole(EventKey::PhoneInvite, enable ? 0 : kStatusHidden, 10043));
-}
-
-void ControlbarManager::SetSipInviteEnable(bool enable) {
-  const Scope scope(__func__);
-  Info("[Controlbar] Set sip invite enable {}.", enable);
-  Apply(Bit(EventKey::SipInvite, kStatusDisabled, !enable));
-}
-
 void ControlbarManager::SetShareAudioEnable(bool enable) {
   const Scope scope(__func__);
   Apply(Bit(EventKey::ShareAudio, kStatusDisabled, !enable));
   RefreshShareNew();
-}
-
-void ControlbarManager::SetLiveEnable(bool enable) {
-  const Scope scope(__func__);
-  Info("[Controlbar] Set live enable {}.", enable);
-  Apply(Bit(EventKey::LiveStream, kStatusDisabled, !enable));
-}
-
-void ControlbarManager::SetRecordVisible(bool visible) {
-  const Scope scope(__func__);
-  Info("[Controlbar] Set record visible {}.", visible);
-  Apply(Bit(EventKey::Record, kStatusHidden, !visible));
-}
-
-void ControlbarManager::SetReactionVisible(bool visible) {
-  const Scope scope(__func__);
-  Info("SetReactionVisible: {}", visible);
-  Apply(Bit(EventKey::Reaction, kStatusHidden, !visible));
-}
-
-void ControlbarManager::SetExternalMeeting(bool external) {
-  const Scope scope(__func__);
-  Info("SetExternalMeeting: {}", external);
-  Apply(Bit(EventKey::ExternalMeeting, kStatusHidden, !external));
-}
-
-void ControlbarManager::SetAskHostForHelpVisible(bool visible) {
-  const Scope scope(__func__);
-  Info("SetAskHostForHelpVisible: {}", visible);
-  Apply(Bit(EventKey::AskHostForHelp, kStatusHidden, !visible));
-}
-
-void ControlbarManager::SetAskHostForHelpEnable(bool enable) {
-  const Scope scope(__func__);
-  Info("SetAskHostForHelpEnable: {}", enable);
-  Apply(Bit(EventKey::AskHostForHelp, kStatusDisabled, !enable));
-}
-
-void ControlbarManager::SetInterpretationOriginEnable(bool enable) {
-  const Scope scope(__func__);
-  Info("SetInterpretationOriginEnable: enable = {}", enable);
-  Apply(Bit(EventKey::MuteOrigin, kStatusDisabled, !enable));
-}
-
-void ControlbarManager::SetInterpretationCloseOrigin(bool status) {
-  const Scope scope(__func__);
-  Info("SetInterpretationCloseOrigin: status = {}", status);
-  Apply(Bit(EventKey::MuteOrigin, kStatusOn, status));
 }
 
 void ControlbarManager::SetNetworkStrength(std::int64_t sta) {

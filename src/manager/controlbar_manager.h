@@ -18,6 +18,7 @@
 #include "common/singleton.h"
 #include "data/control_bar_data_manager.h"
 #include "frame/notifier.h"
+#include "manager/command_rows.h"
 #include "vellomar/lorimel.h"
 
 namespace VELLOMAR_CONTROLBAR {
@@ -58,25 +59,67 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
                           std::int64_t number, const std::string& sender_name,
                           const std::string& message);
 
-  // --- Buttons that follow one value (button_commands.cpp)
+  // --- Buttons that follow one flag. Remote control, subtitles and phone invitations are hidden,
+  // not greyed, where they are not enabled.
+
+  static constexpr FlagCommand SetParticipantsStatus =
+      TurnsOn("SetParticipantsStatus", "SetParticipantsStatus:{}", EventKey::Participants);
+  static constexpr FlagCommand SetRemoteControlEnabled =
+      OffersButton("SetRemoteControlEnabled", "[Controlbar] Set remote control enable {}.",
+                   EventKey::RemoteControl, 10013);
+  static constexpr FlagCommand SetSubtitleEnable = OffersButton(
+      "SetSubtitleEnable", "[Controlbar] Set subtitle enable {}.", EventKey::Subtitles);
+  static constexpr FlagCommand SetPhoneInviteEnable =
+      OffersButton("SetPhoneInviteEnable", "[Controlbar] Set phone invite enable {}.",
+                   EventKey::PhoneInvite, 10043);
+  static constexpr FlagCommand SetSipInviteEnable = EnablesButton(
+      "SetSipInviteEnable", "[Controlbar] Set sip invite enable {}.", EventKey::SipInvite);
+  static constexpr FlagCommand SetLiveEnable =
+      EnablesButton("SetLiveEnable", "[Controlbar] Set live enable {}.", EventKey::LiveStream);
+  static constexpr FlagCommand SetRecordVisible =
+      ShowsButton("SetRecordVisible", "[Controlbar] Set record visible {}.", EventKey::Record);
+  static constexpr FlagCommand SetReactionVisible =
+      ShowsButton("SetReactionVisible", "SetReactionVisible: {}", EventKey::Reaction);
+  static constexpr FlagCommand SetExternalMeeting =
+      ShowsButton("SetExternalMeeting", "SetExternalMeeting: {}", EventKey::ExternalMeeting);
+  static constexpr FlagCommand SetAskHostForHelpVisible = ShowsButton(
+      "SetAskHostForHelpVisible", "SetAskHostForHelpVisible: {}", EventKey::AskHostForHelp);
+  static constexpr FlagCommand SetAskHostForHelpEnable = EnablesButton(
+      "SetAskHostForHelpEnable", "SetAskHostForHelpEnable: {}", EventKey::AskHostForHelp);
+  static constexpr FlagCommand SetInterpretationOriginEnable =
+      EnablesButton("SetInterpretationOriginEnable", "SetInterpretationOriginEnable: enable = {}",
+                    EventKey::MuteOrigin);
+  static constexpr FlagCommand SetInterpretationCloseOrigin =
+      TurnsOn("SetInterpretationCloseOrigin", "SetInterpretationCloseOrigin: status = {}",
+              EventKey::MuteOrigin);
+  void Run(const FlagCommand& command, bool flag);
+
+  // --- Values that are only stored
+
+  static constexpr StoreCommand<std::int64_t> SetParticipantRole = {
+      "SetParticipantRole", "SetParticipantRole type:{}",
+      &ControlBarDataManager::SetParticipantRole};
+  static constexpr StoreCommand<std::int64_t> SetMeetingSource = {
+      "SetMeetingSource", "SetMeetingSource type:{}", &ControlBarDataManager::SetMeetingSource};
+  static constexpr StoreCommand<bool> SetSubtitleOpened = {
+      "SetSubtitleOpened", "SetSubtitleOpened isOpen:{}",
+      &ControlBarDataManager::SetSubtitleOpened};
+  static constexpr StoreCommand<bool> SetInterpretationSwitchEnable = {
+      "SetInterpretationSwitchEnable", "SetInterpretationSwitchEnable: enable = {}",
+      &ControlBarDataManager::SetInterpretationSwitchEnable};
+  template <typename Value>
+  void Run(const StoreCommand<Value>& command, Value value) {
+    const Scope scope(command.name);
+    VELLOMAR_LOG::Info(command.log, value);
+    (m_data.get()->*command.store)(value);
+  }
+
+  // --- Buttons that follow a value (button_commands.cpp)
 
   void SetAudioStatus(std::int64_t status);
   void SetCameraStatus(std::int64_t status);
-  void SetParticipantsStatus(bool open);
   void SetInteraction(bool enable, bool is_show);
-  void SetRemoteControlEnabled(bool enable);
-  void SetSubtitleEnable(bool enable);
-  void SetPhoneInviteEnable(bool enable);
-  void SetSipInviteEnable(bool enable);
   void SetShareAudioEnable(bool enable);
-  void SetLiveEnable(bool enable);
-  void SetRecordVisible(bool visible);
-  void SetReactionVisible(bool visible);
-  void SetExternalMeeting(bool external);
-  void SetAskHostForHelpVisible(bool visible);
-  void SetAskHostForHelpEnable(bool enable);
-  void SetInterpretationOriginEnable(bool enable);
-  void SetInterpretationCloseOrigin(bool status);
   void SetNetworkStrength(std::int64_t sta);
   void SetShareScreenMeetingName(const std::string& name);
   void SetParticipantsCount(int count);
@@ -93,18 +136,14 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   // --- State of the meeting (meeting_commands.cpp)
 
   void SetHostType(std::int64_t type);
-  void SetParticipantRole(std::int64_t role);
   void SwitchSubType(std::int64_t from, std::int64_t to);
   void SetMeetingSubType(std::int64_t type);
-  void SetMeetingSource(std::int64_t source);
   void SetMeetingNumber(const std::string& number);
   void SetMeetingDuration(std::uint64_t duration);
   void SetMicVolume(int volume);
-  void SetSubtitleOpened(bool opened);
   void SetSketchEnable(bool enable);
   void SetSketchVisible(bool visible);
   void SetInterpretationEnable(bool enable);
-  void SetInterpretationSwitchEnable(bool enable);
   void UpdateInterpreationBtnStatus();
   void SetShareAccess(std::int64_t onlyHost, std::int64_t onlyHostCanStartAnyTime,
                       std::int64_t onlyThePresenterCanAnnotate);
@@ -164,7 +203,8 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void RefreshSubRoom(std::string name, bool inside);
   static void LogDevices(const DeviceList& list);
   void SetVideoOption(EventKey key, int visible, int enabled, int checked);
-  void SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status);
+  void SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status,
+                       VELLOMAR_LOG::FormatString<const char*&> log);
 
   // Handlers of user actions (user_actions.cpp). [UI thread]
   friend struct UserActions;

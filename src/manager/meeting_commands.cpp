@@ -53,12 +53,6 @@ void ControlbarManager::RefreshLeaveButton() {
   UpdateUIElement(EventKey::Leave);
 }
 
-void ControlbarManager::SetParticipantRole(std::int64_t role) {
-  const Scope scope(__func__);
-  Info("SetParticipantRole type:{}", role);
-  m_data->SetParticipantRole(role);
-}
-
 void ControlbarManager::SwitchSubType(std::int64_t from, std::int64_t to) {
   const Scope scope(__func__);
   Info("switch form subtype:{} to {}", from, to);
@@ -88,12 +82,6 @@ void ControlbarManager::SetMeetingSubType(std::int64_t type) {
   UpdateUIElement(EventKey::ShareMeetingName);
 }
 
-void ControlbarManager::SetMeetingSource(std::int64_t source) {
-  const Scope scope(__func__);
-  Info("SetMeetingSource type:{}", source);
-  m_data->SetMeetingSource(source);
-}
-
 void ControlbarManager::SetMeetingNumber(const std::string& number) {
   const Scope scope(__func__);
   Info("SetMeetingNumber meetingNumber:{}", number);
@@ -114,12 +102,6 @@ void ControlbarManager::SetMicVolume(int volume) {
   const Scope scope(__func__);
   Info("SetMicVolume volume:{}", volume);
   Lorimel::GetInstance()->SetMicVolume(volume);
-}
-
-void ControlbarManager::SetSubtitleOpened(bool opened) {
-  const Scope scope(__func__);
-  Info("SetSubtitleOpened isOpen:{}", opened);
-  m_data->SetSubtitleOpened(opened);
 }
 
 void ControlbarManager::SetSketchEnable(bool enable) {
@@ -143,12 +125,6 @@ void ControlbarManager::SetInterpretationEnable(bool enable) {
   Info("SetInterpretationEnable enable = {}", enable);
   m_data->SetInterpretationEnable(enable);
   UpdateInterpreationBtnStatus();
-}
-
-void ControlbarManager::SetInterpretationSwitchEnable(bool enable) {
-  const Scope scope(__func__);
-  Info("SetInterpretationSwitchEnable: enable = {}", enable);
-  m_data->SetInterpretationSwitchEnable(enable);
 }
 
 void ControlbarManager::UpdateInterpreationBtnStatus() {
