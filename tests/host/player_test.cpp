@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "host/host_error.h"
+#include "host/library.h"
 
 namespace vellomar_host {
 namespace {
@@ -129,6 +130,8 @@ TEST(Player, RefusesLibrariesThatLackWhatIsNeeded) {
   other.files.plugin = other.files.widgets;
   EXPECT_EQ(error(other), "\"" + other.files.widgets.string() + "\" does not export ExportedInit");
 
+  // Here already, so that the plug-in finds this one and not the one with a screen.
+  const SharedLibrary widgets(Options().files.widgets);
   PlayOptions no_driver = Options();
   no_driver.files.widgets = VELLOMAR_LOG_PATH;
   EXPECT_TRUE(error(no_driver).starts_with("s.json:1: the step acts on the widgets"));
