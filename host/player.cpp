@@ -50,8 +50,7 @@ class Player {
 
   void Do(const PressStep& step) {
     transcript_.Write("press", KeyName(step.key));
-    Require(Driver().press(step.key),
-            fmt::format("a user could not press {} now", KeyName(step.key)));
+    RequireDone(Driver().press(step.key), step.refused, fmt::format("press {}", KeyName(step.key)));
   }
 
   void Do(const OpenStep& step) {
@@ -67,8 +66,9 @@ class Player {
     const json value = step.value ? json(*step.value) : json();
     transcript_.Write("pick", KeyName(step.key), value);
     const bool picked = Driver().pick(step.key, step.value ? step.value->c_str() : nullptr);
-    Require(picked, fmt::format("a user could not pick {} {} now", KeyName(step.key),
-                                step.value ? ToLine(value) : ""));
+    RequireDone(picked, step.refused,
+                fmt::format("pick {}{}", KeyName(step.key),
+                            step.value ? fmt::format(" {}", ToLine(value)) : ""));
   }
 
   void Do(const CloseListStep&) {
@@ -147,6 +147,11 @@ class Player {
  private:
   const LorimelDriver& Driver() const { return *session_.driver(); }
   bool IsHeadless() const { return std::string_view(Driver().name) == "headless"; }
+
+  void RequireDone(bool done, bool refused, const std::string& action) {
+    Require(done != refused, fmt::format("a user could {}{} now", refused ? "" : "not ", action));
+    if (refused) transcript_.Write("matched", fmt::format("cannot {}", action));
+  }
 
   void Settle() {
     Require(session_.loop().RunUntilIdle(Clock::now() + kIdleWithin),

@@ -29,6 +29,7 @@ struct SendStep {
 };
 struct PressStep {
   std::int32_t key;
+  bool refused;  // expected: no user could
 };
 struct OpenStep {
   std::int32_t key;
@@ -37,6 +38,7 @@ struct OpenStep {
 struct PickStep {
   std::int32_t key;
   std::optional<std::string> value;
+  bool refused;
 };
 struct CloseListStep {};
 struct CloseBarStep {};

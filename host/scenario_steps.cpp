@@ -44,6 +44,16 @@ std::int32_t ReadCount(const json& object, std::string_view member) {
   return value.get<std::int32_t>();
 }
 
+// False where it is not there.
+bool ReadFlag(const json& object, std::string_view member) {
+  const auto value = object.find(member);
+  if (value == object.end()) return false;
+  if (!value->is_boolean()) {
+    throw HostError(fmt::format("\"{}\" should be true or false, not {}", member, ToLine(*value)));
+  }
+  return value->get<bool>();
+}
+
 void CheckMembers(const json& object, std::string_view what,
                   std::span<const std::string_view> known) {
   if (!object.is_object()) throw HostError(fmt::format(R"("{}" should be an object)", what));
@@ -109,7 +119,7 @@ Action ReadSend(const json& step, const path& folder) {
 }
 
 Action ReadPress(const json& step, const path&) {
-  return PressStep{ReadKey(step.at("press"))};
+  return PressStep{ReadKey(step.at("press")), ReadFlag(step, "refused")};
 }
 
 Action ReadOpen(const json& step, const path&) {
@@ -119,7 +129,7 @@ Action ReadOpen(const json& step, const path&) {
 }
 
 Action ReadPick(const json& step, const path&) {
-  PickStep pick{ReadKey(step.at("pick")), std::nullopt};
+  PickStep pick{ReadKey(step.at("pick")), std::nullopt, ReadFlag(step, "refused")};
   if (step.contains("value")) pick.value = ReadText(step, "value");
   return pick;
 }
@@ -192,9 +202,9 @@ struct StepKind {
 
 constexpr std::array kStepKinds = {
     StepKind{"send", {"args", "expect"}, ReadSend},
-    StepKind{"press", {}, ReadPress},
+    StepKind{"press", {"refused"}, ReadPress},
     StepKind{"open", {"rows"}, ReadOpen},
-    StepKind{"pick", {"value"}, ReadPick},
+    StepKind{"pick", {"value", "refused"}, ReadPick},
     StepKind{"closeList", {}, ReadPlain<CloseListStep>},
     StepKind{"closeBar", {}, ReadPlain<CloseBarStep>},
     StepKind{"waitFor", {"within"}, ReadWaitFor},

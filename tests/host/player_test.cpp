@@ -59,6 +59,7 @@ TEST(Player, TellsTheStepThatFails) {
       {R"({"press": "Leave"})", "a user could not press Leave now"},
       {R"({"open": "CameraDevices"})", "a user could not open CameraDevices now"},
       {R"({"pick": "CameraItem", "value": "c"})", "a user could not pick CameraItem \"c\" now"},
+      {R"({"pick": "CameraItem"})", "a user could not pick CameraItem now"},
       {R"({"closeBar": true})", "a user could not close the bar now"},
       {R"({"expectRow": {"index": 0}})", "there is no row 0"},
       {R"({"expectButton": {"key": 5}})", "there is no button 5"},
@@ -70,6 +71,17 @@ TEST(Player, TellsTheStepThatFails) {
   for (const auto& [step, reason] : cases) {
     EXPECT_EQ(Play("{\"note\": \"before\"},\n" + step).failure, "s.json:2: " + reason);
   }
+}
+
+TEST(Player, CanExpectThatAUserIsRefused) {
+  const std::string show = std::string(kShowBar) + ",\n";
+  EXPECT_EQ(Play(show + R"({"press": "Leave", "refused": true},
+                           {"pick": "CameraItem", "value": "c", "refused": true})")
+                .failure,
+            "");
+  const Played pressed = Play(show + R"({"press": "StopSharing", "refused": true})");
+  EXPECT_EQ(pressed.failure, "s.json:6: a user could press StopSharing now");
+  EXPECT_TRUE(pressed.Has("stopSharing")) << pressed.transcript;
 }
 
 TEST(Player, UsesUpNotificationsInOrder) {

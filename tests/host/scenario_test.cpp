@@ -84,6 +84,7 @@ TEST(Scenario, ChecksEveryKindOfStep) {
        R"(the answer of getControlbarPosition has no "result")"},
       {R"({"open": 1020, "rows": -1})", R"("rows" should be a number from 0 up, not -1)"},
       {R"({"pick": 1081, "value": 2})", R"("value" should be a text, not 2)"},
+      {R"({"pick": 1081, "refused": 1})", R"("refused" should be true or false, not 1)"},
       {R"({"waitIdle": false})", R"("waitIdle" should be true)"},
       {R"({"waitFor": "muteAudio"})", R"("waitFor" should be an object)"},
       {R"({"waitFor": {"notification": "mute"}})", R"(there is no notification "mute")"},
