@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "vellomar/lorimel.h"
+
+#include <string>
+
+#include "stubs/observer.h"
+
+namespace bench {
+namespace {
+
+Observer* widget_observer = nullptr;
+WidgetCallbacks callbacks;
+char window = 0;  // its address is the bar's handle
+
+void Tell(const char* change, std::int64_t a, std::int64_t b, const char* text) {
+  if (widget_observer == nullptr) return;
+  const std::string line = std::string(change) + ' ' + std::to_string(a) + ' ' + std::to_string(b) +
+                           ' ' + (text != nullptr ? text : "(none)");
+  widget_observer(line.c_str());
+}
+
+}  // namespace
+
+void ObserveWidgets(Observer* observer) {
+  widget_observer = observer;
+}
+
+const WidgetCallbacks& Callbacks() {
+  return callbacks;
+}
+
+}  // namespace bench
+
+namespace VELLOMAR_LORIMEL {
+
+Lorimel* Lorimel::GetInstance() {
+  static Lorimel instance;
+  return &instance;
+}
+
+bool Lorimel::CreateControlbar(const char*, std::int64_t, std::int64_t, std::int64_t, std::int64_t,
+                               CreatedCallback* onCreated, ClosedCallback*, bool, BtnParams*, int,
+                               int, bool) {
+  onCreated(&bench::window, 0, 0, 800, 60, true, 1);
+  return true;
+}
+
+bool Lorimel::SetControlbarEventCallback(EventCallback* callback) {
+  bench::callbacks.on_event = callback;
+  return true;
+}
+
+bool Lorimel::SetShowWindowCallback(ShowWindowCallback* callback) {
+  bench::callbacks.on_show_window = callback;
+  return true;
+}
+
+bool Lorimel::SetEventKey(BtnParams& params) {
+  bench::Tell("button", static_cast<std::int32_t>(params.key), params.status, params.text);
+  return true;
+}
+
+bool Lorimel::SetMicVolume(int volume) {
+  bench::Tell("volume", volume, 0, "");
+  return true;
+}
+
+bool Lorimel::ShowControlbar(void*&, bool) {
+  return true;
+}
+bool Lorimel::CloseSharedControlbar() {
+  return true;
+}
+bool Lorimel::GetPositionByEventKey(EventKey, int&, int&, int&, int&) {
+  return false;
+}
+void Lorimel::SetMeetingDuration(std::uint64_t) {}
+void Lorimel::ShowControlbarButtonTip(EventKey, const char*, bool, int, bool) {}
+void Lorimel::ShowControlbarButtonTipByInfo(EventKey, TipWindowInfo&) {}
+bool Lorimel::ShowControlbarButtonConfirmTipByInfo(EventKey, ConfirmTipWindowInfo&) {
+  return true;
+}
+std::uint64_t Lorimel::GetWidgetNativeHandle(void*&) {
+  return 1;
+}
+bool Lorimel::ShowSketchControlbar(bool) {
+  return true;
+}
+bool Lorimel::ClearSketchDropDown() {
+  return true;
+}
+bool Lorimel::CloseSketchControlbar() {
+  return true;
+}
+
+}  // namespace VELLOMAR_LORIMEL
