@@ -252,6 +252,14 @@ TEST_F(EventLoopTest, ForwardsQueries) {
   EXPECT_EQ(Loop().Query3(1, 2, 3), 0u);
 }
 
+TEST_F(EventLoopTest, ASecondInitDoesNotRegisterASecondObserver) {
+  Loop().Init(host.Table());
+  EXPECT_EQ(host.calls, std::vector<std::string>{"addObserver 7"});
+  Loop().Uninit();
+  Loop().Init(host.Table());
+  EXPECT_EQ(host.calls.back(), "addObserver 7");
+}
+
 TEST_F(EventLoopTest, CallsListenersInTheOrderOfTheirIds) {
   host.Turn();  // none: nothing happens
   std::string order;

@@ -242,10 +242,10 @@ TEST_F(ListsTest, RowsOutliveWhatTheyWereMadeFrom) {
   SetMoveNewTag("old");
   for (const std::int32_t window : {1020, 1006, 1065, 1008}) Rows(window);
   const std::size_t before = Library().ReadEveryText();
+  VellomarAvatarResponse response{"k", "/another/path.png"};
+  ExportedOnReceive(VELLOMAR_RESPONSE_AVATAR, 0, &response);
   Send("setCameraInfo", {{"cameras", Json::array()}, {"currentCameraId", ""}});
   Update({Person("a", {{"displayName", "short"}, {"avatarKey", "k"}})});
-  VellomarAvatarResponse response{"k", "/new.png"};
-  ExportedOnReceive(VELLOMAR_RESPONSE_AVATAR, 0, &response);
   SetMoveNewTag("new");
   EXPECT_EQ(Library().ReadEveryText(), before);
 }

@@ -177,20 +177,7 @@ TEST_F(UserActionsTest, TheJoinPermissionIsTheCheckedRadioRow) {
 }
 
 TEST_F(UserActionsTest, TheAnnotatePermissionReportsBothInOrder) {
-  Send("setHostControlInfo", [] {
-    Json info = {{"selectedSecurityLevel", 3},
-                 {"onlyHostCanReshare", 0},
-                 {"onlyHostCanShare", 0},
-                 {"reserved", 0}};
-    for (const char* flag :
-         {"enableNeedMoveToLobby", "needMoveToLobby", "showShareAccess", "entryOnMuted",
-          "showEnableOpenMicBySelf", "enableUseEnableOpenMicBySelf", "enableOpenMicBySelf"}) {
-      info[flag] = false;
-    }
-    return info;
-  }());
-  Click(1065);  // the host-control window re-applies the level
-  Forget();
+  Manager().Data().SetCurrentSecurityLevel(3);
   Click(1005, 1);
   EXPECT_THAT(ToldBesidesEvents(),
               ElementsAre("annotate {\"open\":true}", "joinPermissionChanged {\"level\":3}"));

@@ -82,7 +82,7 @@ AntennaEventLoop::~AntennaEventLoop() {
 void AntennaEventLoop::Init(const EventLoopTable& table) {
   m_table = table;
   m_table.unreadFn = nullptr;
-  if (m_table.addObserverFn != nullptr) {
+  if (observerId == 0 && m_table.addObserverFn != nullptr) {  // once, however often it is called
     observerId = m_table.addObserverFn(&RunListeners, nullptr);
   }
 }

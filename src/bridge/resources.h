@@ -51,6 +51,7 @@ class ResourceCollection {
     for (auto& resource : m_resources) resource.reset();  // first to last
   }
 
+  void Reserve(std::size_t count) { m_resources.reserve(count); }
   void Add(std::shared_ptr<ResourceBase<Side>> resource) {
     m_resources.push_back(std::move(resource));
   }

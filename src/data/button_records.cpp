@@ -220,6 +220,7 @@ void ControlBarDataManager::SetTestContent(EventKey key, std::string text) {
 
 void ControlBarDataManager::UpdateSubTypeLabels() {
   const Scope scope(__func__);
+  if (m_texts->empty()) return;  // the first text map writes them
   const bool screen_share = IsScreenShareOrBox(m_meetingSubType);
   for (const Default& row : kDefaults) {
     if (row.text_id == row.screen_share_text_id) continue;

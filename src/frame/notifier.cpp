@@ -20,12 +20,14 @@ void Notifier::OwnTexts(VellomarNotifyText& record, __ResourceCollection__& text
 }
 
 void Notifier::OwnTexts(VellomarUiEvent& record, __ResourceCollection__& texts) {
+  texts.Reserve(3);
   Own(record.itemName, texts);
   Own(record.itemText, texts);
   Own(record.tag, texts);
 }
 
 void Notifier::OwnTexts(VellomarParticipant& record, __ResourceCollection__& texts) {
+  texts.Reserve(6);
   Own(record.userId, texts);
   Own(record.instanceId, texts);
   Own(record.displayName, texts);

@@ -146,10 +146,9 @@ void ControlbarManager::SetJoinPermission(std::int64_t level) {
     VELLOMAR_LOG::Fault("Security level is nil!");
     return;
   }
-  // AnnotatePermission reports the join permission too when it is pressed.
-  for (const EventKey key : {EventKey::AnnotatePermission, EventKey::JoinPermission}) {
-    m_data->GetEventKeyParams(key)->groupValue = static_cast<std::int32_t>(level - 1);
-  }
+  BtnParams* const params = Record(EventKey::JoinPermission);
+  if (params == nullptr) return;
+  params->groupValue = static_cast<std::int32_t>(level - 1);
   UpdateUIElement(EventKey::JoinPermission);
 }
 

@@ -198,7 +198,11 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   static VellomarRect PositionOf(EventKey key);
   void ShowLeaveTip();
   void RefreshShareNew();
-  void RefreshSharingIndicators();
+  // Others see this user's screen, shared or under their control.
+  bool IsScreenSeen() const { return m_isSharing || m_data->IsUnderControl(); }
+  bool IsPaused() const { return m_isSharingPaused || m_isRemoteControlPaused; }
+  ButtonChange PauseIndicator() const;
+  ButtonChange SharingIndicator() const;
   void RefreshLeaveButton();
   void RefreshSubRoom(std::string name, bool inside);
   static void LogDevices(const DeviceList& list);

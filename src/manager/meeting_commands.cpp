@@ -37,19 +37,17 @@ void ControlbarManager::SetHostType(std::int64_t type) {
 }
 
 void ControlbarManager::RefreshLeaveButton() {
-  const char* icon = kCallEndIcon;
-  std::uint64_t text_id = kLeaveText;
-  if (m_data->IsInSubRoom()) {
-    if (m_data->GetHostType() == kHostTypeParticipant) {
-      Info("sub room host: leave button icon switch");
-      icon = kLeaveRoomIcon;
-      text_id = kLeaveRoomText;
-    } else {
-      Info("sub room participant: leave button icon switch");
-    }
+  const bool in_sub_room = m_data->IsInSubRoom();
+  const bool leaves_room = in_sub_room && m_data->GetHostType() == kHostTypeParticipant;
+  if (in_sub_room) {
+    Info(leaves_room ? "sub room host: leave button icon switch"
+                     : "sub room participant: leave button icon switch");
   }
-  m_data->SetButtonIconPath(EventKey::Leave, icon);
-  m_data->SetButtonContent(EventKey::Leave, text_id);
+  // Outside a sub-room only what was changed inside is put back.
+  if (in_sub_room || m_data->GetEventKeyParams(EventKey::Leave)->iconPath != nullptr) {
+    m_data->SetButtonIconPath(EventKey::Leave, leaves_room ? kLeaveRoomIcon : kCallEndIcon);
+    m_data->SetButtonContent(EventKey::Leave, leaves_room ? kLeaveRoomText : kLeaveText);
+  }
   UpdateUIElement(EventKey::Leave);
 }
 
@@ -72,12 +70,12 @@ void ControlbarManager::SetMeetingSubType(std::int64_t type) {
   Info("SetMeetingSubType type:{}", type);
   const std::int64_t old = m_data->GetMeetingSubType();
   m_data->SetMeetingSubType(type);
+  m_data->UpdateSubTypeLabels();  // before the switch, which creates the bar anew
   if (m_handleControlbar != nullptr && type != old) SwitchSubType(old, type);
   SetSketchEnable(m_data->GetSketchEnabled());
   SetSketchVisible(m_data->GetSketchVisible());
   UpdateUIElement(EventKey::Participants);
   UpdateUIElement(EventKey::Annotate);
-  m_data->UpdateSubTypeLabels();
   RefreshShareNew();
   UpdateUIElement(EventKey::ShareMeetingName);
 }
@@ -158,7 +156,8 @@ void ControlbarManager::SetSharingStatus(bool pause, std::int64_t sta) {
   m_isSharing = sta != 0;
   m_isSharingPaused = pause;
   UpdateUIElement(EventKey::InfoText);
-  RefreshSharingIndicators();
+  Apply(PauseIndicator());
+  Apply(SharingIndicator());
 }
 
 void ControlbarManager::SetUnderControl(std::int64_t status, std::string user_id,
@@ -170,22 +169,25 @@ void ControlbarManager::SetUnderControl(std::int64_t status, std::string user_id
   if (!under_control) m_isRemoteControlPaused = false;
   m_data->SetComposedLabel(EventKey::StopRemoteControl, m_data->GetRemoteControllerTextFormat());
   Apply(Bit(EventKey::StopRemoteControl, kStatusHidden, !under_control));
-  RefreshSharingIndicators();
+  Apply(PauseIndicator());
   UpdateUIElement(EventKey::InfoText);
+  Apply(SharingIndicator());
 }
 
 void ControlbarManager::SetRemoteControlPause(bool pause) {
   const Scope scope(__func__);
   Info("SetRemoteControlPause pause = {}", pause);
   m_isRemoteControlPaused = pause;
-  RefreshSharingIndicators();
+  Apply(PauseIndicator());
+  Apply(SharingIndicator());
 }
 
-void ControlbarManager::RefreshSharingIndicators() {
-  const bool active = m_isSharing || m_data->IsUnderControl();
-  const bool paused = m_isSharingPaused || m_isRemoteControlPaused;
-  Apply(Bit(EventKey::PauseIndicator, kStatusHidden, !(active && paused)));
-  Apply(Bit(EventKey::SharingIndicator, kStatusHidden, !(active && !paused)));
+ControlbarManager::ButtonChange ControlbarManager::PauseIndicator() const {
+  return Bit(EventKey::PauseIndicator, kStatusHidden, !(IsScreenSeen() && IsPaused()));
+}
+
+ControlbarManager::ButtonChange ControlbarManager::SharingIndicator() const {
+  return Bit(EventKey::SharingIndicator, kStatusHidden, !IsScreenSeen() || IsPaused());
 }
 
 void ControlbarManager::SetAudioAndPlaybackInfo(DeviceList microphones, DeviceList speakers) {

@@ -258,7 +258,10 @@ void UserActions::OnAnnotatePermission() {
 
 void UserActions::OnJoinPermissionChanged() {
   const Scope scope(__func__);
-  const std::int64_t level = std::int64_t{event.groupValue} + 1;
+  // AnnotatePermission offers no choice: the level in force is reported.
+  const bool chosen = event.key == EventKey::JoinPermission;
+  const std::int64_t level =
+      chosen ? std::int64_t{event.groupValue} + 1 : data.GetCurrentSecurityLevel();
   data.SetCurrentSecurityLevel(level);
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_joinPermissionChanged>(level);
   Info("Controlbar join meeting permission changed to {}.", level);

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+// How often the plug-in asks for memory on the paths that run all the time. The program replaces
+// operator new and the log library, so it is one of its own.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "frame/notifier.h"
+#include "frame/trace_scope.h"
+#include "manager/controlbar_manager.h"
+#include "vellomar/controlbar.h"
+
+namespace {
+
+std::size_t allocations = 0;
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* const block = std::malloc(size)) return block;
+  throw std::bad_alloc();
+}
+void operator delete(void* block) noexcept {
+  std::free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+  std::free(block);
+}
+
+// The log library: drops its lines without allocating.
+int CreateVellomarLogger(std::uint32_t, const char*, const char*, const char*, int, int, int) {
+  return 1;
+}
+void VellomarLogWrite(const char*, int, const char*) {}
+
+namespace {
+
+using VELLOMAR_CONTROLBAR::ControlbarManager;
+using VELLOMAR_CONTROLBAR::Notifier;
+
+template <typename Work>
+std::size_t AllocationsOf(Work work) {
+  const std::size_t before = allocations;
+  work();
+  return allocations - before;
+}
+
+// A loop with room for one posted callback.
+struct Posted {
+  LoopCallback* callback = nullptr;
+  void* context = nullptr;
+  std::uint64_t id = 0;
+} posted;
+
+void RunPosted() {
+  posted.callback(posted.context);
+}
+
+class AllocationsTest : public testing::Test {
+ protected:
+  AllocationsTest() {
+    EventLoopTable table{};
+    table.postFn = [](LoopCallback* callback, void* context) {
+      posted = {callback, context, posted.id + 1};
+      return posted.id;
+    };
+    ExportedInit(
+        nullptr, [](const char*, std::uint32_t, std::uint32_t, void*) { ++told; }, nullptr, &table,
+        "", "", 0);
+    // What is made once: the dispatch table and the manager.
+    VellomarFlag flag{0};
+    Post(VELLOMAR_COMMAND_setRegWidgetMovingEvent, flag);
+    RunPosted();
+    told = 0;
+  }
+  ~AllocationsTest() override {
+    ExportedUninit();
+    ControlbarManager::DestroyInstance();
+  }
+
+  // The allocations of the call that posts the command.
+  template <typename Record>
+  static std::size_t Post(std::uint32_t id, Record& record) {
+    bool known = false;
+    const std::size_t count = AllocationsOf([&] { known = ExportedCallEvent(id, 0, &record); });
+    EXPECT_TRUE(known);
+    return count;
+  }
+
+  static int told;
+};
+int AllocationsTest::told = 0;
+
+TEST_F(AllocationsTest, CounterCounts) {
+  EXPECT_EQ(AllocationsOf([] { std::vector<int>(100).front() = 1; }), 1u);
+}
+
+TEST_F(AllocationsTest, TraceScopeAllocatesNothing) {
+  EXPECT_EQ(AllocationsOf([] { EXPECT_TRUE(ExportedStart()); }), 0u);
+  EXPECT_EQ(AllocationsOf([] {
+              const VELLOMAR_LOG::TraceScope scope(
+                  "AnOperationWithALongNameThatNoSmallStringHolds",
+                  "VELLOMAR_CONTROLBAR::ControlBarDataManager::", "a module with a long name");
+            }),
+            0u);
+}
+
+TEST_F(AllocationsTest, PostedNumberAllocatesCallableAndMapNode) {
+  VellomarFlag flag{1};
+  EXPECT_EQ(Post(VELLOMAR_COMMAND_setRegWidgetMovingEvent, flag), 2u);
+  EXPECT_EQ(AllocationsOf(&RunPosted), 0u);
+  VellomarInt number{3};
+  EXPECT_EQ(Post(VELLOMAR_COMMAND_setMeetingSource, number), 2u);
+  EXPECT_EQ(AllocationsOf(&RunPosted), 0u);
+  VellomarLong volume{50};
+  EXPECT_EQ(Post(VELLOMAR_COMMAND_setParticipantsCount, volume), 2u);
+  RunPosted();  // composes a label
+}
+
+// Callable and map node as above. A text does not fit into std::function, so what it calls has a
+// block of its own; and a text longer than a small string has one too.
+TEST_F(AllocationsTest, PostedTextAllocatesItsTextBesides) {
+  VellomarText title{"short"};
+  EXPECT_EQ(Post(VELLOMAR_COMMAND_setWindowTitle, title), 3u);
+  RunPosted();
+  title.text = "A title that is longer than any small string";
+  EXPECT_EQ(Post(VELLOMAR_COMMAND_setWindowTitle, title), 4u);
+  RunPosted();
+}
+
+// The texts' copies come from malloc: what is counted here are their three release rules and the
+// list of them.
+TEST_F(AllocationsTest, NotificationAllocatesForItsTextsOnly) {
+  Notifier& notifier = *Notifier::GetInstance();
+  EXPECT_EQ(AllocationsOf([&] { notifier.Send<VELLOMAR_NOTIFY_muteAudio>(true); }), 0u);
+  EXPECT_EQ(AllocationsOf([&] { notifier.Send<VELLOMAR_NOTIFY_stopSharing>(); }), 0u);
+  EXPECT_EQ(AllocationsOf([&] {
+              notifier.Send<VELLOMAR_NOTIFY_uiEvent>(std::int64_t{1001}, "name", "text", "tag");
+            }),
+            4u);
+  EXPECT_EQ(told, 3);
+}
+
+// Participants with texts that no small string holds.
+struct Meeting {
+  explicit Meeting(std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+      names.push_back("A participant with a long name, number " + std::to_string(i));
+    }
+    for (const std::string& name : names) {
+      participants.push_back({name.c_str(), "instance", 1, name.c_str(), "", "", "", 0});
+    }
+    record = {participants.data(), static_cast<std::int32_t>(count)};
+  }
+
+  std::vector<std::string> names;
+  std::vector<VellomarParticipant> participants;
+  VellomarParticipants record{};
+};
+
+// The allocations of posting and running an update in which one of `size` participants changed.
+std::size_t AllocationsOfOneChange(std::size_t size) {
+  Meeting meeting(size);
+  const auto update = [&meeting] {
+    ExportedCallEvent(VELLOMAR_COMMAND_updateParticipants, 0, &meeting.record);
+    RunPosted();
+  };
+  update();
+  meeting.participants[size / 2].flag = 1;
+  const std::size_t count = AllocationsOf(update);
+  EXPECT_EQ(ControlbarManager::GetInstance()->Data().GetParticipantStoreSize(), size);
+  return count;
+}
+
+// The copy of the list is a fixed number of blocks, whatever its size; only what changed is stored
+// anew.
+TEST_F(AllocationsTest, ParticipantUpdateAllocatesForWhatChanged) {
+  const std::size_t of_ten = AllocationsOfOneChange(10);
+  EXPECT_GT(of_ten, 0u);
+  EXPECT_LE(AllocationsOfOneChange(1'000), of_ten + 2);
+}
+
+}  // namespace
