@@ -76,8 +76,16 @@ template <const char* name, typename Record, auto operation>
 void Post(std::uint64_t, void* payload) {
   auto arguments = Decode(*static_cast<const Record*>(payload));
   const TraceScope scope(name);
-  AntennaEventLoop::GetInstance()->PostTask(
-      [arguments = std::move(arguments)]() mutable { Call<operation>(arguments); });
+  // Captured one by one: std::function holds one or two numbers without a block of their own, but
+  // never a tuple, which is not trivially copyable.
+  std::apply(
+      [](auto&&... values) {
+        AntennaEventLoop::GetInstance()->PostTask([... owned = std::move(values)]() mutable {
+          auto all = std::tie(owned...);
+          Call<operation>(all);
+        });
+      },
+      std::move(arguments));
 }
 
 template <const char* name, typename Record, auto operation>
