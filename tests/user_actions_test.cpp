@@ -286,12 +286,18 @@ TEST_F(UserActionsTest, LeavingAsksForConfirmationAtTheButton) {
   Forget();
   Click(1014);
   ASSERT_EQ(Library().ConfirmTips().size(), 1u);
-  const auto& tip = Library().ConfirmTips().front();
+  const auto tip = Library().ConfirmTips().front();
   EXPECT_EQ(tip.key, EventKey::Leave);
   EXPECT_EQ(tip.title, "Leave?");
   EXPECT_EQ(tip.text, "You are in Room 5.");
   EXPECT_EQ(tip.confirm_text, "Yes");
   EXPECT_EQ(tip.button, Library().AreaOf(EventKey::Leave));
+  Send("leaveMeetingSubRoom");
+  Send("setMeetingDetailInfo", {{"topic", "Planning"}, {"hostName", ""}, {"meetingLink", ""}});
+  Click(1014);
+  EXPECT_EQ(Library().ConfirmTips().back().text, "You are in Planning.");
+  Forget();
+  Click(1014);
   EXPECT_THAT(ToldBesidesEvents(), ElementsAre("leaveMeeting"));
   EXPECT_TRUE(Logged("Controlbar leave metting."));
 }

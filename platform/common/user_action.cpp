@@ -79,8 +79,13 @@ OwnedButton AfterPick(const std::vector<OwnedButton>& rows, std::size_t index) {
   return picked;
 }
 
+bool IsCaption(const OwnedButton& row) {
+  return row.key == EventKey::GroupHeader ||
+         (row.key == EventKey::InterpretationItem && row.object_name == "Interpretation");
+}
+
 bool CanPress(const OwnedButton& button) {
-  return button.key != EventKey::GroupHeader && button.key != EventKey::Separator &&
+  return !IsCaption(button) && button.key != EventKey::Separator &&
          !button.Has(VELLOMAR_LORIMEL::kStatusHidden | VELLOMAR_LORIMEL::kStatusDisabled);
 }
 

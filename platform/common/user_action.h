@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a press does to a record before the plug-in is told: the button turns its "on" bit, a check
-// row its check, a radio row becomes the checked one of its group, a live device becomes a muted one.
+// row its check, a radio row becomes the checked one of its group, a live device becomes a muted
+// one.
 //
 //     OwnedButton event = AfterPress(button);         // a button of a bar
 //     OwnedButton event = AfterPick(rows, index);     // a row of a drop-down window
@@ -18,6 +19,9 @@ OwnedButton AfterPress(const OwnedButton& button);
 
 // The row as it is after the user picked it.
 OwnedButton AfterPick(const std::vector<OwnedButton>& rows, std::size_t index);
+
+// A caption in a list. The interpretation list's own has the key of its languages.
+bool IsCaption(const OwnedButton& row);
 
 // Whether a user can press it: neither hidden nor disabled, and no caption or separator.
 bool CanPress(const OwnedButton& button);

@@ -53,7 +53,7 @@ Look LookOf(const OwnedButton& row) {
   if (row.Has(VELLOMAR_LORIMEL::kStatusHidden) || is_arrow) {
     return Look::kNone;  // the arrow is painted on the row before it
   }
-  if (row.key == EventKey::GroupHeader) {
+  if (vellomar_widgets::IsCaption(row)) {
     return Look::kCaption;
   }
   if (row.key == EventKey::Separator) {

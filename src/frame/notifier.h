@@ -43,7 +43,7 @@ class Notifier : public VELLOMAR_COMMON::Singleton<Notifier> {
       static_assert(sizeof...(Fields) == 0, "this notification has no payload");
       Call(id, nullptr);
     } else {
-      Record record{fields...};
+      auto record = Record{fields...};
       __ResourceCollection__ texts;
       OwnTexts(record, texts);
       Call(id, &record);

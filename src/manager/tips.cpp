@@ -33,8 +33,10 @@ void ControlbarManager::ShowLeaveTip() {
     const char* const text = m_data->GetNativeText(id);
     return text != nullptr ? text : "";
   };
-  const std::string text =
-      VELLOMAR_COMMON::FillPlaceholder(m_data->GetNativeText(kText), m_data->GetSubRoomName());
+  // Outside a sub-room the meeting itself is what the user leaves.
+  const std::string room =
+      m_data->IsInSubRoom() ? m_data->GetSubRoomName() : m_data->GetMeetingDetailInfo().topic;
+  const std::string text = VELLOMAR_COMMON::FillPlaceholder(m_data->GetNativeText(kText), room);
   const VellomarRect at = PositionOf(EventKey::Leave);
   VELLOMAR_LORIMEL::ConfirmTipWindowInfo info{text_of(kTitle),
                                               text.c_str(),
