@@ -8,6 +8,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <asio/io_context.hpp>
 #include <asio/post.hpp>
 #include <chrono>
@@ -15,6 +16,7 @@
 #include <functional>
 #include <iterator>
 #include <map>
+#include <string_view>
 #include <utility>
 
 #include "vellomar/controlbar.h"
@@ -39,15 +41,32 @@ inline std::uint64_t Now() {
   return static_cast<std::uint64_t>(std::chrono::duration_cast<milliseconds>(now).count());
 }
 
+// The same without a format string: a scope's lines need none.
+template <typename... Parts>
+void Join(Parts... parts) {
+  fmt::memory_buffer line;
+  line.resize((parts.size() + ... + 1));
+  char* end = line.data();
+  ((end = std::copy(parts.begin(), parts.end(), end)), ...);
+  *end = '\0';
+  VellomarLogWrite("vellomar_controlbar", VELLOMAR_LOG_INFO, line.data());
+}
+
 class Scope {
  public:
-  explicit Scope(const char* name) : name_(name), start_(Now()) { Line("entry {}", name_); }
-  ~Scope() { Line("exit {}, cost : {}", name_, Now() - start_); }
+  explicit Scope(std::string_view name) : name_(name), start_(Now()) {
+    Join(std::string_view("entry "), name_);
+  }
+  ~Scope() {
+    const fmt::format_int cost(Now() - start_);
+    Join(std::string_view("exit "), name_, std::string_view(", cost : "),
+         std::string_view(cost.data(), cost.size()));
+  }
   Scope(const Scope&) = delete;
   Scope& operator=(const Scope&) = delete;
 
  private:
-  const char* name_;
+  std::string_view name_;
   std::uint64_t start_;
 };
 

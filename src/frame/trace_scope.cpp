@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "frame/trace_scope.h"
 
+#include <algorithm>
 #include <chrono>
 #include <ratio>
 #include <string_view>
@@ -8,16 +9,17 @@
 namespace VELLOMAR_LOG {
 namespace {
 
+using std::string_view_literals::operator""sv;
+
 // Joined without a format string: most of what the plug-in logs are these lines, and parsing the
 // format would be half of their cost.
 template <typename... Parts>
 void WriteJoined(const char* module, Parts... parts) {
   fmt::memory_buffer line;
-  const auto append = [&line](std::string_view part) {
-    line.append(part.data(), part.data() + part.size());
-  };
-  (append(parts), ...);
-  line.push_back('\0');
+  line.resize((parts.size() + ... + 1));
+  char* end = line.data();
+  ((end = std::copy(parts.begin(), parts.end(), end)), ...);
+  *end = '\0';
   LogInstance::GetInstance()->Write(module, VELLOMAR_LOG_INFO, line.data());
 }
 
@@ -29,14 +31,15 @@ std::uint64_t NowMilliseconds() {
   return static_cast<std::uint64_t>(std::chrono::duration_cast<Ticks>(now).count()) / 10'000;
 }
 
-TraceScope::TraceScope(const char* function, const char* qualifier, const char* module)
+TraceScope::TraceScope(std::string_view function, std::string_view qualifier, const char* module)
     : function_(function), qualifier_(qualifier), module_(module), start_(NowMilliseconds()) {
-  WriteJoined(module_, "entry ", qualifier_, function_);
+  WriteJoined(module_, "entry "sv, qualifier_, function_);
 }
 
 TraceScope::~TraceScope() {
-  const std::uint64_t cost = NowMilliseconds() - start_;
-  WriteJoined(module_, "exit ", qualifier_, function_, ", cost : ", fmt::format_int(cost).c_str());
+  const fmt::format_int cost(NowMilliseconds() - start_);
+  WriteJoined(module_, "exit "sv, qualifier_, function_, ", cost : "sv,
+              std::string_view(cost.data(), cost.size()));
 }
 
 }  // namespace VELLOMAR_LOG

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "frame/log.h"
 
@@ -20,7 +21,7 @@ class TraceScope {
  public:
   // `qualifier` stands before the name, as in "VELLOMAR_CONTROLBAR::ControlbarManager::". All three
   // live as long as the program.
-  explicit TraceScope(const char* function, const char* qualifier = "",
+  explicit TraceScope(std::string_view function, std::string_view qualifier = {},
                       const char* module = kModule);
   // A failure to write ends the process: a destructor must not throw.
   ~TraceScope();
@@ -29,8 +30,8 @@ class TraceScope {
   TraceScope& operator=(const TraceScope&) = delete;
 
  private:
-  const char* function_;
-  const char* qualifier_;
+  std::string_view function_;
+  std::string_view qualifier_;
   const char* module_;
   std::uint64_t start_;  // milliseconds
 };
