@@ -13,8 +13,6 @@
 
 namespace {
 
-using testing::Contains;
-using testing::IsEmpty;
 using VELLOMAR_CONTROLBAR::__ResourceCollectionPool__;
 using VELLOMAR_CONTROLBAR::AntennaEventLoop;
 

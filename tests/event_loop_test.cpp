@@ -41,20 +41,26 @@ struct Route {
 
 const Route kRoutes[] = {
     {"post",
-     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) { return loop.PostTask(task); },
+     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
+       return loop.PostTask(std::move(task));
+     },
      &AntennaEventLoop::CancelTask, &AntennaEventLoop::TaskCount, "slot13",
      [](EventLoopTable& table) { table.cancelTaskFn = nullptr; }},
     {"alt1",
-     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) { return loop.PostTaskAlt1(task); },
+     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
+       return loop.PostTaskAlt1(std::move(task));
+     },
      &AntennaEventLoop::CancelTaskAlt1, &AntennaEventLoop::TaskAlt1Count, "slot13",
      [](EventLoopTable& table) { table.cancelTaskFn = nullptr; }},
     {"alt2",
-     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) { return loop.PostTaskAlt2(task); },
+     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
+       return loop.PostTaskAlt2(std::move(task));
+     },
      &AntennaEventLoop::CancelTaskAlt2, &AntennaEventLoop::TaskAlt2Count, "slot15",
      [](EventLoopTable& table) { table.cancelAlt2Fn = nullptr; }},
     {"delayed",
      [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
-       return loop.PostDelayedTask(250, task);
+       return loop.PostDelayedTask(250, std::move(task));
      },
      &AntennaEventLoop::CancelDelayedTask, &AntennaEventLoop::DelayedTaskCount, "cancelDelayed",
      [](EventLoopTable& table) { table.cancelDelayedFn = nullptr; }},

@@ -20,7 +20,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
 constexpr char kPlugin[] = VELLOMAR_PLUGIN_PATH;
@@ -87,7 +86,7 @@ std::vector<std::string> ExportedNames() {
   std::array<char, 512> line{};
   while (std::fgets(line.data(), line.size(), pipe.get()) != nullptr) {
     std::string text(line.data());
-    text.erase(text.find_last_not_of("\n") + 1);
+    text.erase(text.find_last_not_of('\n') + 1);
     names.push_back(text.substr(text.rfind(' ') + 1));
   }
   return names;

@@ -35,7 +35,7 @@ class QtBarTest : public testing::TestWithParam<const char*> {
   }
 
   json Send(const char* name, const json& arguments) {
-    const json answer = session.Send(*vellomar_host::FindCommand(name), arguments);
+    json answer = session.Send(*vellomar_host::FindCommand(name), arguments);
     EXPECT_TRUE(session.loop().RunUntilIdle(Deadline())) << name;
     return answer;
   }

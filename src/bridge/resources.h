@@ -47,9 +47,6 @@ class ResourceCollection {
   ResourceCollection() = default;
   ResourceCollection(const ResourceCollection&) = delete;
   ResourceCollection& operator=(const ResourceCollection&) = delete;
-  ~ResourceCollection() {
-    for (auto& resource : m_resources) resource.reset();  // first to last
-  }
 
   void Reserve(std::size_t count) { m_resources.reserve(count); }
   void Add(std::shared_ptr<ResourceBase<Side>> resource) {

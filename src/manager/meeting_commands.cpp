@@ -10,7 +10,6 @@ namespace VELLOMAR_CONTROLBAR {
 using VELLOMAR_LOG::Info;
 using VELLOMAR_LORIMEL::kStatusDisabled;
 using VELLOMAR_LORIMEL::kStatusHidden;
-using VELLOMAR_LORIMEL::kStatusOn;
 using VELLOMAR_LORIMEL::Lorimel;
 
 namespace {
