@@ -114,7 +114,7 @@ struct AsioPost {
 
 // --- The exports and callbacks
 
-void SetNotify(Notify* notify);
+void SetNotify(Notify* target);
 bool Start();
 template <typename Poster>
 bool CallEvent(std::uint32_t id, void* payload);

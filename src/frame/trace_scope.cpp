@@ -9,8 +9,6 @@
 namespace VELLOMAR_LOG {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
 // Joined without a format string: most of what the plug-in logs are these lines, and parsing the
 // format would be half of their cost.
 template <typename... Parts>
@@ -33,13 +31,13 @@ std::uint64_t NowMilliseconds() {
 
 TraceScope::TraceScope(std::string_view function, std::string_view qualifier, const char* module)
     : function_(function), qualifier_(qualifier), module_(module), start_(NowMilliseconds()) {
-  WriteJoined(module_, "entry "sv, qualifier_, function_);
+  WriteJoined(module_, std::string_view("entry "), qualifier_, function_);
 }
 
 TraceScope::~TraceScope() {
   const fmt::format_int cost(NowMilliseconds() - start_);
-  WriteJoined(module_, "exit "sv, qualifier_, function_, ", cost : "sv,
-              std::string_view(cost.data(), cost.size()));
+  WriteJoined(module_, std::string_view("exit "), qualifier_, function_,
+              std::string_view(", cost : "), std::string_view(cost.data(), cost.size()));
 }
 
 }  // namespace VELLOMAR_LOG
