@@ -88,12 +88,12 @@ void ControlBarDataManager::Begin(ItemList& list) const {
 }
 
 BtnParams& ControlBarDataManager::AddRow(ItemList& list, const RowTemplate& row) const {
-  BtnParams item{};
+  BtnParams& item = list.rows.emplace_back();  // zero-filled
   item.key = row.key;
   item.objectName = row.object_name;
   item.text = row.text_id != kNoText ? GetNativeText(row.text_id) : nullptr;
   item.status = row.status != nullptr ? (this->*row.status)() : 0;
-  return list.rows.emplace_back(item);
+  return item;
 }
 
 template <typename Rows>
