@@ -13,7 +13,9 @@ static uint64_t Post(LoopCallback* callback, void* context) {
   return 1;
 }
 
-static void Count(void* context) { ++*(int*)context; }
+static void Count(void* context) {
+  ++*(int*)context;
+}
 
 int main(void) {
   EventLoopTable table = {0};
