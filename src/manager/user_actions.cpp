@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The handlers of user actions. Most send a state, a text or nothing, and log a line: they are rows
-// of three tables. The rest have a rule of their own and a function each.
+// User actions by key. Most send a state, a text or nothing, and log a line: they are rows of three
+// tables. The rest have a rule of their own and a function each (user_action_handlers.cpp).
 #include "manager/user_actions.h"
 
 #include <algorithm>
@@ -33,17 +33,6 @@ template <VellomarNotificationId id>
 void SendNone() {
   Notifier::GetInstance()->Send<id>();
 }
-
-// Words for a state in the log: on, off.
-struct Words {
-  const char* on;
-  const char* off;
-};
-constexpr Words kOpen{"open", "close"};
-constexpr Words kShow{"show", "hide"};
-constexpr Words kMute{"mute", "unmute"};
-constexpr Words kEnabled{"enabled", "disabled"};
-constexpr Words kBool{"true", "false"};
 
 // Sends the button's new state.
 struct FlagAction {
@@ -180,13 +169,6 @@ auto Find(const Table& table, EventKey key) {
   return found != std::end(table) ? found : nullptr;
 }
 
-// False, with a log line, for an event without a tag.
-bool HasTag(const BtnParams& event, const char* handler) {
-  if (event.valueText != nullptr) return true;
-  Fault("{} tag is nullptr!", handler);
-  return false;
-}
-
 class HandlerScope : public VELLOMAR_LOG::TraceScope {
  public:
   explicit HandlerScope(const char* handler)
@@ -195,7 +177,7 @@ class HandlerScope : public VELLOMAR_LOG::TraceScope {
 
 void Run(const FlagAction& action, const UserActions& user) {
   const HandlerScope scope(action.handler);
-  if (action.needs_tag && !HasTag(user.event, action.handler)) return;
+  if (action.needs_tag && !user.HasTag(action.handler)) return;
   const bool on = user.IsOn() != action.inverted;
   if (action.keeps_status) user.data.SetEventKeyParams(action.key, user.event.status);
   if (action.store != nullptr) (user.data.*action.store)(on);
@@ -211,7 +193,7 @@ void Run(const PlainAction& action, const UserActions&) {
 
 void Run(const TagAction& action, const UserActions& user) {
   const HandlerScope scope(action.handler);
-  if (!HasTag(user.event, action.handler)) return;
+  if (!user.HasTag(action.handler)) return;
   const std::string tag = user.event.valueText;  // the host may change the record while it is told
   action.send(tag.c_str());
   Log(action.log, tag.c_str());
@@ -230,6 +212,12 @@ bool IsSketchKey(EventKey key) {
 }
 
 }  // namespace
+
+bool UserActions::HasTag(const char* handler) const {
+  if (event.valueText != nullptr) return true;
+  Fault("{} tag is nullptr!", handler);
+  return false;
+}
 
 void UserActions::Dispatch(ControlbarManager& manager, const BtnParams& event) {
   UserActions user{manager, *manager.m_data, event};
@@ -254,154 +242,6 @@ void UserActions::SendSketchButton() const {
 void UserActions::OnAnnotatePermission() {
   Run(*Find(kFlagActions, EventKey::Annotate), *this);
   OnJoinPermissionChanged();
-}
-
-void UserActions::OnJoinPermissionChanged() {
-  const Scope scope(__func__);
-  // AnnotatePermission offers no choice: the level in force is reported.
-  const bool chosen = event.key == EventKey::JoinPermission;
-  const std::int64_t level =
-      chosen ? std::int64_t{event.groupValue} + 1 : data.GetCurrentSecurityLevel();
-  data.SetCurrentSecurityLevel(level);
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_joinPermissionChanged>(level);
-  Info("Controlbar join meeting permission changed to {}.", level);
-}
-
-void UserActions::OnEnableOnlyHostShare() {
-  const Scope scope(__func__);
-  const bool on = IsOn();
-  data.SetOnlyHostCanShare(on);
-  const bool reshare = data.IsOnlyHostCanReshare();
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_onlyHostShare>(on, reshare);
-  Info("Controlbar {} only host share. IsOnlyHostCanReshare is {}", on ? kEnabled.on : kEnabled.off,
-       reshare);
-}
-
-void UserActions::OnEnableOnlyHostBreakShare() {
-  const Scope scope(__func__);
-  const bool on = IsOn();
-  data.SetOnlyHostCanReshare(on);
-  const bool share = data.IsOnlyHostCanShare();
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_onlyHostShare>(share, on);
-  Info("Controlbar {} only host break share. HostCanShare is {}", on ? kEnabled.on : kEnabled.off,
-       share);
-}
-
-void UserActions::OnRemoteControl() {
-  const Scope scope(__func__);
-  const bool open = IsOn();
-  const bool chosen = event.valueText != nullptr && event.valueText[0] != '\0';
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_remoteControl>(open);
-  Info("Controlbar {} remote control.", open ? kOpen.on : kOpen.off);
-  if (chosen) OnRemoteControlGrant();
-}
-
-void UserActions::OnRemoteControlGrant() {
-  const Scope scope(__func__);
-  if (!HasTag(event, __func__)) return;
-  const Participant* const found = data.FindParticipantByKey(event.valueText);
-  if (found == nullptr) return;
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_remoteControlGrant>(
-      found->user_id.c_str(), found->instance_id.c_str(), found->number,
-      found->display_name.c_str(), found->room.c_str(), found->avatar_key.c_str(),
-      found->avatar_path.c_str(), found->flag);
-}
-
-void UserActions::OnReaction() {
-  const Scope scope(__func__);
-  const VellomarRect at = ControlbarManager::PositionOf(EventKey::Reaction);
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_reaction>(at.x, at.y, at.width, at.height);
-  Info("Controlbar reaction,pos: {},{},{},{}.", at.x, at.y, at.width, at.height);
-}
-
-void UserActions::OnRecordMeetting() {
-  const Scope scope(__func__);
-  if (data.GetHostType() == kHostTypeParticipant) {
-    Info("Recording...Participants skip onRecord!");
-    return;
-  }
-  const bool open = IsOn();
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_record>(open);
-  Info("Controlbar {} record metting.", open ? kOpen.on : kOpen.off);
-}
-
-// The opposite of what the host last said, whether or not the library has turned the row's check.
-void UserActions::OnOpenSubtitles() {
-  const Scope scope(__func__);
-  const bool open = !data.IsSubtitleOpened();
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_subtitles>(open);
-  Info("Controlbar {} subtitles.", open ? kOpen.on : kOpen.off);
-}
-
-void UserActions::OnLiveStream() {
-  const Scope scope(__func__);
-  const bool open = IsOn();
-  if (data.HasLiveStreamPermission()) {
-    Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_liveStream>(open);
-  } else {
-    Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_requestLiveStream>(open);
-  }
-  Info("Controlbar {} live stream.", open ? kOpen.on : kOpen.off);
-}
-
-void UserActions::OnLeaveMeetting() {
-  const Scope scope(__func__);
-  data.GetHostType();
-  manager.ShowLeaveTip();
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_leaveMeeting>();
-  Info("Controlbar leave metting.");
-}
-
-void UserActions::OnMeetingIdExpand() {
-  const Scope scope(__func__);
-  const bool open = event.status == VELLOMAR_LORIMEL::kStatusOn;
-  VellomarRect at{};
-  if (IsScreenShare(data.GetMeetingSubType())) {
-    at = ControlbarManager::PositionOf(EventKey::InfoText);
-    Info("share screen expand share video");
-  }
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_meetingIdExpand>(open, at);
-  Info("Controlbar {} meeting id.", open ? kOpen.on : kOpen.off);
-}
-
-void UserActions::OnInterpretationSwitch() {
-  const Scope scope(__func__);
-  const bool enable = data.GetInterpretationEnable();
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_interpretationSwitch>(enable);
-  Info("OnInterpretationSwitch enable = {}", enable);
-}
-
-void UserActions::OnShareAudio() {
-  const Scope scope(__func__);
-  const bool start = !data.GetShareAudioStatus();
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_shareAudio>(start);
-  Info("GetShareAudioStatus isStart = {}", start);
-}
-
-void UserActions::OnOnlyThePresenterCanAnnotate() {
-  const Scope scope(__func__);
-  const bool checked = IsOn();
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_onlyThePresenterCanAnnotate>(
-      checked, data.GetShareOptionFromSource());
-  Info("OnOnlyThePresenterCanAnnotate: {}", checked);
-}
-
-// Local only: the host is not told.
-void UserActions::OnControlbarSwitch() {
-  const Scope scope(__func__);
-  const bool expanded = !data.IsControllbarExpanded();
-  data.SetControllbarSwitch(expanded);
-  data.SetEventKeyParams(EventKey::ControlbarSwitch, data.GetNativeText(expanded ? 10087 : 10088),
-                         0);
-  manager.Push(*data.GetEventKeyParams(EventKey::ControlbarSwitch));
-}
-
-void UserActions::OnHostControlWindow() {
-  manager.SetJoinPermission(data.GetCurrentSecurityLevel());
-}
-
-void UserActions::OnWidgetMoving() {
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_widgetMoving>();
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

@@ -6,6 +6,17 @@
 
 namespace VELLOMAR_CONTROLBAR {
 
+// Words for a state in the log: on, off.
+struct Words {
+  const char* on;
+  const char* off;
+};
+inline constexpr Words kOpen{"open", "close"};
+inline constexpr Words kShow{"show", "hide"};
+inline constexpr Words kMute{"mute", "unmute"};
+inline constexpr Words kEnabled{"enabled", "disabled"};
+inline constexpr Words kBool{"true", "false"};
+
 struct UserActions {
   // Runs the handlers of the event's key, if there are any. The record is read before the host is
   // told. [UI thread of the widgets]
@@ -16,6 +27,8 @@ struct UserActions {
   const BtnParams& event;
 
   bool IsOn() const { return (event.status & VELLOMAR_LORIMEL::kStatusOn) != 0; }
+  // False, with a log line, for an event without a tag.
+  bool HasTag(const char* handler) const;
   void SendSketchButton() const;
 
   void OnJoinPermissionChanged();
