@@ -133,8 +133,14 @@ class Player {
 
   void Do(const KeepOpenStep&) {
     if (options_.has_display && !IsHeadless()) {
-      transcript_.Write("wait", "until the bar is closed by hand");
-      session_.loop().RunUntil([this] { return !session_.bar_exists(); }, Clock::time_point::max());
+      transcript_.Write("wait", "until the user stops sharing or closes the bar");
+      const std::size_t before = session_.notifications().size();
+      session_.loop().RunUntil(
+          [this, before] { return !session_.bar_exists() || HasStoppedSharing(before); },
+          Clock::time_point::max());
+      // The bar goes with the sharing, as in the client.
+      if (session_.bar_exists())
+        session_.Send(*FindCommand("closeSharedControlbar"), json::object());
       return;
     }
     // Nobody is there to close it.
@@ -146,6 +152,13 @@ class Player {
 
  private:
   const LorimelDriver& Driver() const { return *session_.driver(); }
+  bool HasStoppedSharing(std::size_t since) const {
+    const auto& all = session_.notifications();
+    return std::any_of(all.begin() + static_cast<std::ptrdiff_t>(since), all.end(),
+                       [](const ReceivedNotification& received) {
+                         return received.notification->id == VELLOMAR_NOTIFY_stopSharing;
+                       });
+  }
   bool IsHeadless() const { return std::string_view(Driver().name) == "headless"; }
 
   void RequireDone(bool done, bool refused, const std::string& action) {

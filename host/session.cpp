@@ -136,6 +136,8 @@ void Session::Keep(std::uint64_t id, ReceivedNotification received) {
   if (id == VELLOMAR_NOTIFY_controlbarClosed) bar_exists_ = false;
   transcript_.Write("notify", received.notification->name, received.payload);
   notifications_.push_back(std::move(received));
+  // What the loop is run for may be there now: it looks when the wait in the pump ends.
+  if (driver_ != nullptr) driver_->wake();
 }
 
 void Session::OnRequest(const char* /*sender*/, std::uint32_t id_low, std::uint32_t id_high,

@@ -21,8 +21,9 @@ files=("$@")
 if [ ${#files[@]} -eq 0 ]; then
   mapfile -t files < <(git ls-files -- '*.c' '*.h' '*.cpp')
 fi
-# Headers are checked by clang-tidy with the sources that include them, Windows' by its own build.
-mapfile -t sources < <(printf '%s\n' "${files[@]}" | grep -E '\.c(pp)?$' | grep -v '_win32\.cpp$')
+# Headers are checked by clang-tidy with the sources that include them. Windows' sources and the
+# measurements are not in the preset's compile commands.
+mapfile -t sources < <(printf '%s\n' "${files[@]}" | grep -E '\.c(pp)?$' | grep -vE '_win32\.cpp$|^bench/')
 
 # The compile commands without what only GCC understands.
 mkdir -p build/lint

@@ -103,7 +103,7 @@ TEST_F(ListsTest, HostControlWithEverythingOn) {
                   "1025 OnlyHostReshare 10027 5", "1088 OnlyThePresenterCanAnnotate 10028 0",
                   "-1 MicPermissions 10029 0", "1026 NewParticipantMic 10030 1",
                   "1027 MicOperate 10031 1", "1028 MuteAll 10032 0", "1029 CancelMuteAll 10033 0"));
-  for (int row = 1; row <= 4; ++row) EXPECT_EQ(Rows(1065)[row].group_value, 1);
+  for (std::size_t row = 1; row <= 4; ++row) EXPECT_EQ(Rows(1065)[row].group_value, 1);
 }
 
 TEST_F(ListsTest, HostControlFollowsTheHostInfo) {
@@ -252,6 +252,7 @@ TEST_F(ListsTest, RowsOutliveWhatTheyWereMadeFrom) {
 
 TEST_F(ListsTest, TenThousandParticipantsAreOrdinary) {
   std::vector<Json> people;
+  people.reserve(10'000);
   for (int i = 0; i < 10'000; ++i)
     people.push_back(Person(std::to_string(i), {{"avatarKey", "k"}}));
   Update(people);
