@@ -9,6 +9,8 @@
 
 #include "host/host_error.h"
 #include "host/library.h"
+#include "host/payload.h"
+#include "host/session.h"
 
 namespace vellomar_host {
 namespace {
@@ -147,6 +149,21 @@ TEST(Player, RefusesLibrariesThatLackWhatIsNeeded) {
   PlayOptions no_driver = Options();
   no_driver.files.widgets = VELLOMAR_LOG_PATH;
   EXPECT_TRUE(error(no_driver).starts_with("s.json:1: the step acts on the widgets"));
+}
+
+// A host waits in the pump while the user acts; the wait must end with what the user did.
+TEST(Session, ANotificationEndsTheWaitInThePump) {
+  std::ostringstream out;
+  Transcript transcript(out, Transcript::Form::kNone);
+  Session session(Options().files, {}, transcript);
+  session.Send(*FindCommand("setTextMap"), {{"ids", {10014}}, {"texts", {"Stop"}}});
+  const nlohmann::json display = {{"x", 0}, {"y", 0}, {"width", 800}, {"height", 600}};
+  ASSERT_TRUE(session.loop().RunUntilIdle(EventLoop::Clock::now() + std::chrono::seconds(30)));
+  session.Send(*FindCommand("showSharedControlbar"), {{"display", display}});
+  session.driver()->pump(0);  // takes what woke it so far
+  ASSERT_TRUE(session.driver()->press(ReadKey("StopSharing")));
+  EXPECT_EQ(session.notifications().back().notification->name, "stopSharing");
+  session.driver()->pump(600'000);  // without the wake the test runs into its time limit
 }
 
 }  // namespace
