@@ -4,27 +4,43 @@ include(CMakePackageConfigHelpers)
 
 set(package_directory "${CMAKE_INSTALL_LIBDIR}/cmake/vellomar-controlbar")
 
+set(libraries vellomar-controlbar vellomar-log-dll)
+if(NOT WIN32)
+  list(APPEND libraries vellomar-lorimel)
+  set_target_properties(vellomar-lorimel PROPERTIES EXPORT_NAME lorimel)
+endif()
 # The libraries find each other, and the tools find them, wherever the prefix is moved to.
-set_target_properties(vellomar-controlbar vellomar-lorimel vellomar-log-dll PROPERTIES
-  INSTALL_RPATH "$ORIGIN")
+set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "$ORIGIN")
 set_target_properties(controlbar-host PROPERTIES
   INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
 set_target_properties(vellomar-headers PROPERTIES EXPORT_NAME headers)
 set_target_properties(vellomar-controlbar PROPERTIES EXPORT_NAME controlbar)
-set_target_properties(vellomar-lorimel PROPERTIES EXPORT_NAME lorimel)
 set_target_properties(vellomar-log-dll PROPERTIES EXPORT_NAME log)
 
-install(TARGETS vellomar-headers vellomar-controlbar vellomar-lorimel vellomar-log-dll
+install(TARGETS vellomar-headers ${libraries}
   EXPORT vellomar-controlbar
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-# Not for linking: it is loaded in place of the widget library, of which it has the name.
-install(TARGETS vellomar-lorimel-headless
-  LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/vellomar/headless"
-  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}/vellomar/headless")
+if(WIN32)
+  # The one development build of the widget library, where the plug-in looks for it.
+  install(TARGETS vellomar-lorimel-headless RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+  # Import libraries for Microsoft's linker, and of the widget library the one for MinGW as well.
+  install(DIRECTORY "${VELLOMAR_IMPORT_LIBRARIES}/" DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+    FILES_MATCHING PATTERN "*.lib")
+  get_target_property(import_libraries vellomar-lorimel INTERFACE_LINK_LIBRARIES)
+  list(FILTER import_libraries INCLUDE REGEX "\\.dll\\.a$")
+  install(FILES ${import_libraries} DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+  # The folder whose path the plug-in works out from its own.
+  install(DIRECTORY platform/lorimel/icons/ DESTINATION "${CMAKE_INSTALL_BINDIR}/res")
+else()
+  # Not for linking: it is loaded in place of the widget library, of which it has the name.
+  install(TARGETS vellomar-lorimel-headless
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/vellomar/headless")
+endif()
 install(DIRECTORY include/vellomar DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(DIRECTORY docs/ DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs")
 install(DIRECTORY scenarios/ DESTINATION "${CMAKE_INSTALL_DATADIR}/vellomar-controlbar/scenarios")
 install(FILES LICENSE README.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 

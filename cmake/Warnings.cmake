@@ -9,8 +9,34 @@ function(vellomar_target target)
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined
       -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+    return()
+  endif()
+  target_compile_options(${target} PRIVATE -fstack-protector-strong)
+  if(WIN32)
+    # The compiler's run-time libraries are linked in: the client's folder has none of them. Data is
+    # not run (DEP) and modules move (ASLR).
+    target_link_options(${target} PRIVATE -static -fstack-protector-strong
+      -Wl,--nxcompat,--dynamicbase)
   else()
-    target_compile_options(${target} PRIVATE -fstack-protector-strong)
     target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now)
+  endif()
+endfunction()
+
+# vellomar_library(TARGET DESCRIPTION): what all of our dynamic libraries have in common.
+function(vellomar_library target description)
+  vellomar_target(${target})
+  if(WIN32)
+    get_target_property(name ${target} OUTPUT_NAME)
+    if(NOT name)
+      set(name ${target})
+    endif()
+    set_target_properties(${target} PROPERTIES PREFIX "")
+    set(VELLOMAR_FILE_NAME "${name}.dll")
+    set(VELLOMAR_FILE_DESCRIPTION "${description}")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/version.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc" @ONLY)
+    target_sources(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
+  elseif(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    # Unique symbols would keep the library in memory after its last user has unloaded it.
+    target_compile_options(${target} PRIVATE -fno-gnu-unique)
   endif()
 endfunction()

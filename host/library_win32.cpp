@@ -4,16 +4,29 @@
 #include <fmt/format.h>
 #include <windows.h>
 
+#include <string>
 #include <system_error>
 
 #include "host/host_error.h"
 #include "host/library.h"
 
 namespace vellomar_host {
+namespace {
+
+// A path that is longer than the system takes as it is needs a prefix, and to be absolute.
+std::filesystem::path Loadable(const std::filesystem::path& file) {
+  auto absolute = std::filesystem::absolute(file).make_preferred();
+  if (absolute.native().size() < MAX_PATH || absolute.native().starts_with(L"\\\\"))
+    return absolute;
+  return L"\\\\?\\" + absolute.native();
+}
+
+}  // namespace
 
 // The altered search path makes the system look for the library's own dependencies beside it.
 SharedLibrary::SharedLibrary(const std::filesystem::path& file)
-    : file_(file), handle_(LoadLibraryExW(file.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
+    : file_(file),
+      handle_(LoadLibraryExW(Loadable(file).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
   if (handle_ != nullptr) return;
   const auto code = static_cast<int>(GetLastError());
   throw HostError(

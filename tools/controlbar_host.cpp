@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/player.h"
@@ -33,7 +34,7 @@ enum ExitStatus { kOk = 0, kExpectationFailed = 1, kCannotRun = 2 };
 
 struct PlayArguments {
   std::string scenario;
-  std::string widgets = "qt";
+  std::string widgets = VELLOMAR_DEFAULT_WIDGETS;
   std::string plugin;
   std::string lorimel;
   std::string log;
@@ -87,6 +88,9 @@ int PrintNotifications(bool markdown) {
   return kOk;
 }
 
+// Where there is one build of the widget library it lies beside the plug-in, screen or not.
+constexpr bool kOnlyHeadless = std::string_view(VELLOMAR_DEFAULT_WIDGETS) == "headless";
+
 // The library in the build folder or where it is installed, relative to the program. Where there is
 // none, the first place, for the error that loading it gives.
 path FindLibrary(const char* name, bool headless) {
@@ -94,7 +98,7 @@ path FindLibrary(const char* name, bool headless) {
   const auto file = fmt::format("{}{}{}", VELLOMAR_LIBRARY_PREFIX, name, VELLOMAR_LIBRARY_SUFFIX);
   std::vector<path> places;
   for (const path& folder : {bin / "../lib", bin / ".." / VELLOMAR_INSTALL_LIBDIR, bin}) {
-    if (headless) {
+    if (headless && !kOnlyHeadless) {
       places.push_back(folder / "headless" / file);
       places.push_back(folder / "vellomar/headless" / file);
     } else {
@@ -131,7 +135,7 @@ int Play(const PlayArguments& arguments) {
 void DescribePlay(CLI::App& play, PlayArguments& arguments) {
   play.add_option("file", arguments.scenario, "scenario file")->required();
   play.add_option("--widgets", arguments.widgets, "widget library to load")
-      ->check(CLI::IsMember({"qt", "headless"}))
+      ->check(kOnlyHeadless ? CLI::IsMember({"headless"}) : CLI::IsMember({"qt", "headless"}))
       ->capture_default_str();
   play.add_option("--plugin", arguments.plugin, "path of the plug-in");
   play.add_option("--lorimel", arguments.lorimel, "path of the widget library");
@@ -145,6 +149,7 @@ void DescribePlay(CLI::App& play, PlayArguments& arguments) {
 int Run(int argc, char** argv) {
   CLI::App app("Loads the control-bar plug-in and drives it as a host does.", "controlbar-host");
   app.require_subcommand(1);
+  app.allow_windows_style_options(false);  // a "/" starts a path
   PlayArguments arguments;
   auto* play = app.add_subcommand("play", "play a scenario");
   DescribePlay(*play, arguments);
@@ -156,7 +161,7 @@ int Run(int argc, char** argv) {
     table->add_flag("--markdown", markdown, "as a page of Markdown, with offsets and sizes");
   }
   try {
-    app.parse(argc, argv);
+    app.parse(vellomar_tools::Arguments(argc, argv));
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kOk : kCannotRun;
   }

@@ -5,11 +5,17 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace vellomar_tools {
 
 // The folder that the running program lies in. Throws std::filesystem::filesystem_error.
 std::filesystem::path ExecutableFolder();
+
+// What `main` was given after the program's name, in UTF-8 and with the last argument first, as
+// CLI11 takes it.
+std::vector<std::string> Arguments(int argc, char** argv);
 
 // Whether windows can be seen by somebody.
 bool HasDisplay();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Linux: the process file system and the environment of the desktop.
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
@@ -17,6 +18,12 @@ std::string_view Environment(const char* name) {
 
 std::filesystem::path ExecutableFolder() {
   return std::filesystem::read_symlink("/proc/self/exe").parent_path();
+}
+
+std::vector<std::string> Arguments(int argc, char** argv) {
+  std::vector<std::string> arguments(argv + 1, argv + argc);
+  std::reverse(arguments.begin(), arguments.end());
+  return arguments;
 }
 
 bool HasDisplay() {

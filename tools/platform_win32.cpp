@@ -2,7 +2,10 @@
 // Windows: a program always has a desktop.
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
+// The order matters to the system's headers.
+#include <shellapi.h>
 
+#include <memory>
 #include <string>
 #include <system_error>
 
@@ -25,6 +28,19 @@ std::filesystem::path ExecutableFolder() {
     }
     name.resize(name.size() * 2);
   }
+}
+
+// What `main` is given has lost the letters that the system's code page does not have.
+std::vector<std::string> Arguments(int /*argc*/, char** /*argv*/) {
+  int count = 0;
+  const std::unique_ptr<LPWSTR, decltype(&LocalFree)> wide(
+      CommandLineToArgvW(GetCommandLineW(), &count), &LocalFree);
+  std::vector<std::string> arguments;
+  for (int i = count - 1; wide != nullptr && i > 0; --i) {
+    const auto utf8 = std::filesystem::path(wide.get()[i]).u8string();
+    arguments.emplace_back(utf8.begin(), utf8.end());
+  }
+  return arguments;
 }
 
 bool HasDisplay() {

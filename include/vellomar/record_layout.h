@@ -7,15 +7,20 @@
 #ifndef VELLOMAR_RECORD_LAYOUT_H
 #define VELLOMAR_RECORD_LAYOUT_H
 
-#include <assert.h>
 #include <stddef.h>
 #include <stdint.h>
 
+#ifdef __cplusplus
+#  define VELLOMAR_STATIC_ASSERT static_assert
+#else
+#  define VELLOMAR_STATIC_ASSERT _Static_assert /* a keyword, so that no header is needed */
+#endif
+
 #if UINTPTR_MAX == 0xffffffffu
 #  define VELLOMAR_FIXED_OFFSET(record, field, offset) \
-    static_assert(offsetof(record, field) == (offset), #record "." #field " has moved");
+    VELLOMAR_STATIC_ASSERT(offsetof(record, field) == (offset), #record "." #field " has moved");
 #  define VELLOMAR_FIXED_SIZE(record, size) \
-    static_assert(sizeof(record) == (size), #record " has another size");
+    VELLOMAR_STATIC_ASSERT(sizeof(record) == (size), #record " has another size");
 #else
 #  define VELLOMAR_FIXED_OFFSET(record, field, offset)
 #  define VELLOMAR_FIXED_SIZE(record, size)

@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -71,7 +72,9 @@ spdlog::level::level_enum LevelNamed(std::string_view name) {
 spdlog::sink_ptr OpenFile(std::string_view path, int files) {
   try {
     const auto rotated = static_cast<std::size_t>(std::clamp(files, 1, kMostFiles) - 1);
-    return std::make_shared<spdlog::sinks::rotating_file_sink_mt>(std::string(path), kFileBytes,
+    // As the system names files: in UTF-8, or on Windows in UTF-16.
+    const std::filesystem::path file(path);
+    return std::make_shared<spdlog::sinks::rotating_file_sink_mt>(file.native(), kFileBytes,
                                                                   rotated);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "vellomar-log-dll: no log file, logging to the console only: %s\n",

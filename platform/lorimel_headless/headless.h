@@ -57,7 +57,7 @@ struct Call {
 
   bool operator==(const Call&) const = default;
 };
-VELLOMAR_LORIMEL_API std::ostream& operator<<(std::ostream& out, const Call& call);
+VELLOMAR_LORIMEL_DRIVER_API std::ostream& operator<<(std::ostream& out, const Call& call);
 
 // A call of SetEventKey: the record as it was then, and where it is.
 struct Push {
@@ -102,7 +102,7 @@ struct ConfirmTip {
   Rectangle button;
 };
 
-class VELLOMAR_LORIMEL_API Headless {
+class VELLOMAR_LORIMEL_DRIVER_API Headless {
  public:
   Behaviour behaviour;
 
@@ -219,6 +219,6 @@ class VELLOMAR_LORIMEL_API Headless {
   std::deque<char> handles_;  // a window's handle is the address of one of these
 };
 
-VELLOMAR_LORIMEL_API Headless& TheHeadless();
+VELLOMAR_LORIMEL_DRIVER_API Headless& TheHeadless();
 
 }  // namespace vellomar_widgets

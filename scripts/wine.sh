@@ -1,0 +1,116 @@
+#!/bin/bash
+# SPDX-License-Identifier: MIT
+# Runs a 32-bit Windows program of a build folder, and tells how it ended with its exit status.
+#
+#     scripts/wine.sh BUILD_FOLDER PROGRAM [ARGUMENT...]
+#     scripts/wine.sh BUILD_FOLDER --prepare     does what takes long beforehand
+#     scripts/wine.sh BUILD_FOLDER --stop        ends Wine's server and what runs there
+#
+# A Wine on the PATH is used if it runs 32-bit programs. Otherwise Debian's comes from a root folder
+# of its own in the user's cache, which leaves the system's packages alone; it is made once and
+# entered with bwrap. There the program sees the project and the build folder and nothing else.
+# Each build folder has a Wine prefix (registry, drive C:) of its own.
+set -euo pipefail
+started_in=$PWD
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+case ${1:-} in
+  '' | -h | --help)
+    sed -n '/^# Runs/,/^set/{s/^# \{0,1\}//;/^set/d;p}' "${BASH_SOURCE[0]}"
+    exit
+    ;;
+esac
+[ $# -ge 2 ] || fail 'names no program (see --help)'
+
+build=$(cd "$started_in" && realpath "$1")
+shift
+state=$build/wine  # what belongs to Wine in the build folder
+wine_root=${XDG_CACHE_HOME:-$HOME/.cache}/vellomar-controlbar/wine-bookworm-i386
+
+export WINEPREFIX=$state/prefix
+export WINEDEBUG=${WINEDEBUG:--all}
+export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'  # none of our programs needs them
+export WINEPATH=${WINEPATH-"Z:${build//\//\\}\\bin"}              # where the libraries are found
+unset DISPLAY WAYLAND_DISPLAY
+
+# The folders of the root as they are, then what the program needs of this machine. The temporary
+# folder is shared by all programs of the build folder: there they find Wine's server.
+in_root() {
+  local entry folder=$build
+  local -a mounts=()
+  for entry in "$wine_root"/*; do
+    case ${entry##*/} in proc | dev | sys | tmp | run) continue ;; esac
+    if [ -L "$entry" ]; then
+      mounts+=(--symlink "$(readlink "$entry")" "/${entry##*/}")
+    else
+      mounts+=(--ro-bind "$entry" "/${entry##*/}")
+    fi
+  done
+  case $started_in/ in "$root"/* | "$build"/*) folder=$started_in ;; esac
+  bwrap "${mounts[@]}" --proc /proc --dev /dev --bind "$state/tmp" /tmp --bind "$root" "$root" \
+    --bind "$build" "$build" --chdir "$folder" --setenv HOME /tmp \
+    --setenv XDG_CACHE_HOME /tmp --die-with-parent "$@"
+}
+
+# with_wine COMMAND...: with the Wine of the system, or with ours.
+with_wine() {
+  if [ "$wine" = system ]; then "$@"; else in_root "$@"; fi
+}
+
+# Debian's mirror as apt knows it.
+mirror() {
+  apt-get indextargets --format '$(REPO_URI)' 'Origin: Debian' 'Component: main' \
+    'Created-By: Packages' | grep -v security | head -n 1
+}
+
+make_root() {
+  local proxy
+  need_packages wine
+  proxy=$(apt-config dump --format '%v' Acquire::http::Proxy)
+  step "making a root for 32-bit Wine: $wine_root"
+  mkdir -p "$(dirname "$wine_root")"
+  as_root rm -rf "$wine_root.partial"
+  logged wine-root as_root ${proxy:+http_proxy="$proxy"} debootstrap --arch=i386 --variant=minbase \
+    --include=wine32,wine bookworm "$wine_root.partial" "$(mirror)"
+  as_root rm -rf "$wine_root.partial/var/cache/apt/archives" "$wine_root.partial/var/lib/apt/lists"
+  as_root mv "$wine_root.partial" "$wine_root"
+}
+
+# Makes the prefix; fails unless it runs 32-bit programs.
+make_prefix() {
+  local folder=system32
+  rm -rf "$WINEPREFIX"
+  with_wine wine wineboot --init || return 1
+  if [ -d "$WINEPREFIX/drive_c/windows/syswow64" ]; then folder=syswow64; fi
+  with_wine wine "C:\\windows\\$folder\\cmd.exe" /c exit 0
+}
+
+# Chooses a Wine and makes the prefix, once; others that ask meanwhile wait for the lock on
+# descriptor 9, which Wine's server must not keep.
+prepare() {
+  flock 9
+  if [ -s "$state/chosen" ]; then return; fi
+  step "preparing Wine in $state"
+  wine=system
+  if ! command -v wine >/dev/null || ! make_prefix >"$state/wineboot.log" 2>&1 9>&-; then
+    wine=own
+    [ -d "$wine_root" ] || make_root
+    need_packages wine
+    logged wineboot make_prefix 9>&-
+  fi
+  echo "$wine" >"$state/chosen"
+}
+
+mkdir -p "$state/tmp"
+[ -s "$state/chosen" ] || prepare 9>"$state/lock"
+wine=$(<"$state/chosen")
+# The server and the services stay for the next program, and without the caller's output: whoever
+# reads that through a pipe, as ctest does, would wait for them.
+run='if wineserver --persistent=300; then wine cmd.exe /c exit; fi </dev/null >/dev/null 2>&1
+exec wine "$@"'
+cd "$started_in"
+case $1 in
+  --prepare) ;;
+  --stop) with_wine wineserver --kill || true ;;
+  *) with_wine sh -c "$run" wine "$@" ;;
+esac
