@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include "support/this_process.h"
+
+bool IsLoaded(const std::filesystem::path& file) {
+  void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
+  if (library == nullptr) return false;
+  dlclose(library);  // the question counted as a user
+  return true;
+}
+
+std::string ProcessName() {
+  return std::to_string(getpid());
+}
