@@ -14,11 +14,15 @@
 // Errors: a member that answers false has changed nothing. Nothing is thrown.
 #pragma once
 
-#include <cstdint>
+#include <stdint.h>
 
 #include "vellomar/record_layout.h"
 
-#if defined(_WIN32) && defined(VELLOMAR_LORIMEL_BUILD)
+// On Windows the library follows the Microsoft C++ ABI. A library built with MinGW exports the
+// members under that ABI's names through a .def file, so nothing is marked here.
+#if defined(_WIN32) && defined(VELLOMAR_LORIMEL_BUILD) && defined(__MINGW32__)
+#  define VELLOMAR_LORIMEL_API
+#elif defined(_WIN32) && defined(VELLOMAR_LORIMEL_BUILD)
 #  define VELLOMAR_LORIMEL_API __declspec(dllexport)
 #elif defined(_WIN32)
 #  define VELLOMAR_LORIMEL_API __declspec(dllimport)
@@ -29,7 +33,7 @@
 namespace VELLOMAR_LORIMEL {
 
 // Buttons and list items. The numbers are the widget library's; the bar's own are 1000 to 1091.
-enum class EventKey : std::int32_t {
+enum class EventKey : int32_t {
   GroupHeader = -1,   // a caption in a list, not clickable
   MainWindow = 1000,  // the bar itself, for GetPositionByEventKey
   MuteAudio = 1001,
@@ -115,31 +119,31 @@ enum class EventKey : std::int32_t {
 };
 
 // Bits of BtnParams::status.
-inline constexpr std::int32_t kStatusOn = 1;  // on, checked, selected
-inline constexpr std::int32_t kStatusHidden = 2;
-inline constexpr std::int32_t kStatusDisabled = 4;
-inline constexpr std::int32_t kStatusUnread = 8;  // ControlbarSwitch: chat messages wait
+inline constexpr int32_t kStatusOn = 1;  // on, checked, selected
+inline constexpr int32_t kStatusHidden = 2;
+inline constexpr int32_t kStatusDisabled = 4;
+inline constexpr int32_t kStatusUnread = 8;  // ControlbarSwitch: chat messages wait
 
 // Whole values of BtnParams::status with a meaning of their own.
-inline constexpr std::int32_t kStatusLoading = 20;            // Annotate: the sketch bar loads
-inline constexpr std::int32_t kStatusDeviceMuted = 32;        // MuteAudio, MuteCamera: status 0
-inline constexpr std::int32_t kStatusDeviceUnavailable = 68;  // the same: status 2
+inline constexpr int32_t kStatusLoading = 20;            // Annotate: the sketch bar loads
+inline constexpr int32_t kStatusDeviceMuted = 32;        // MuteAudio, MuteCamera: status 0
+inline constexpr int32_t kStatusDeviceUnavailable = 68;  // the same: status 2
 
 // One button of a bar or one row of a list. 56 bytes in the 32-bit interface.
 struct BtnParams {
   EventKey key;
-  bool hasExpand;             // the button has a part that opens a drop-down window
-  const char* objectName;     // the item's style name ("CameraItem"); null for buttons of the bar
-  const char* text;           // the label; null: none
-  std::uint32_t reserved[2];  // zero
+  bool hasExpand;          // the button has a part that opens a drop-down window
+  const char* objectName;  // the item's style name ("CameraItem"); null for buttons of the bar
+  const char* text;        // the label; null: none
+  uint32_t reserved[2];    // zero
   const char* valueText;  // of an item, what identifies it (a device id); of a button, its own text
-  std::int32_t status;    // kStatus...
+  int32_t status;         // kStatus...
   const char* toolTip;
-  const char* secondToolTip;  // InfoText only
+  const char* secondToolTip;  // InfoText only: of the part that opens the drop-down window
   const char* iconPath;       // the icon's file name; null: the icon that goes with the key
   const char* subLabel;       // Chat: the number of unread messages
   const char* extraText;
-  std::int32_t groupValue;  // radio items: the index of the checked one in their group
+  int32_t groupValue;  // radio items: the index of the checked one in their group
 };
 VELLOMAR_FIXED_OFFSET(BtnParams, hasExpand, 4)
 VELLOMAR_FIXED_OFFSET(BtnParams, objectName, 8)
@@ -173,7 +177,7 @@ struct ConfirmTipWindowInfo {
 
 // The bar was created, or (isMain false) a pop-up window of it. Handles are the library's own.
 using CreatedCallback = void(void* handle, int x, int y, int width, int height, bool isMain,
-                             std::uint64_t id);
+                             uint64_t id);
 using ClosedCallback = void(void* handle);
 // The user pressed a button or picked an item. The record belongs to the library.
 using EventCallback = void(BtnParams& params);
@@ -189,9 +193,9 @@ class VELLOMAR_LORIMEL_API Lorimel {
   // the main window when it returns true. `params` are the records of keys 1000 and up, copied with
   // their texts before it returns. `type` is the meeting sub type, `simplify` asks for a bar with
   // the most needed buttons only. The boolean before `params` is not used.
-  bool CreateControlbar(const char* title, std::int64_t x, std::int64_t y, std::int64_t width,
-                        std::int64_t height, CreatedCallback* onCreated, ClosedCallback* onClosed,
-                        bool unused, BtnParams* params, int paramsCount, int type, bool simplify);
+  bool CreateControlbar(const char* title, int64_t x, int64_t y, int64_t width, int64_t height,
+                        CreatedCallback* onCreated, ClosedCallback* onClosed, bool unused,
+                        BtnParams* params, int paramsCount, int type, bool simplify);
   bool ShowControlbar(void*& handle, bool show);
   // The closed callback comes during the call or later.
   bool CloseSharedControlbar();
@@ -201,19 +205,23 @@ class VELLOMAR_LORIMEL_API Lorimel {
 
   // Takes over the changed record of one button, on whichever bar it is.
   bool SetEventKey(BtnParams& params);
-  // The rectangle on the screen, in pixels, of a button or of the bar (MainWindow). False, and the
-  // numbers untouched, where it is not shown.
+  // The rectangle on the screen, in physical pixels whatever the scale factor, of a button, of the
+  // bar (MainWindow) or of the open drop-down window, where it has a key of its own
+  // (HostControlWindow). False, and the numbers untouched, where it is not shown.
   bool GetPositionByEventKey(EventKey key, int& x, int& y, int& width, int& height);
 
-  void SetMeetingDuration(std::uint64_t seconds);  // the clock runs on from here
-  bool SetMicVolume(int volume);                   // 0 to 100
+  void SetMeetingDuration(uint64_t seconds);  // the clock runs on from here
+  bool SetMicVolume(int volume);              // 0 to 100
 
+  // A bubble at the button. The development builds take `a` for: it stays until the user closes
+  // it; `b` for how many milliseconds it stays otherwise (5000 where it is 0 or less); `c` for: it
+  // is a warning.
   void ShowControlbarButtonTip(EventKey key, const char* text, bool a, int b, bool c);
   void ShowControlbarButtonTipByInfo(EventKey key, TipWindowInfo& info);
   bool ShowControlbarButtonConfirmTipByInfo(EventKey key, ConfirmTipWindowInfo& info);
 
   // The operating system's handle of a window of the library; 0 where there is none.
-  std::uint64_t GetWidgetNativeHandle(void*& handle);
+  uint64_t GetWidgetNativeHandle(void*& handle);
 
   bool ShowSketchControlbar(bool show);
   bool ClearSketchDropDown();

@@ -31,7 +31,7 @@ constexpr std::array kMainButtons = {
     ButtonSpec{EventKey::StopSharing, kInSimple | kInCollapsed | kDanger},
     ButtonSpec{EventKey::StopRemoteControl, kIconAlone | kInCollapsed},
     ButtonSpec{EventKey::Leave, kInSimple | kStartsGroup},
-    ButtonSpec{EventKey::ControlbarSwitch, kIconAlone | kInCollapsed},
+    ButtonSpec{EventKey::ControlbarSwitch, kIconAlone | kNoLabel | kInCollapsed},
 };
 
 constexpr std::array kSketchButtons = {

@@ -23,6 +23,7 @@ enum : unsigned {
   kInCollapsed = 8,   // on the collapsed bar
   kDanger = 16,       // red
   kStartsGroup = 32,  // a gap before it
+  kNoLabel = 64,      // its text is for the tool-tip
 };
 
 struct ButtonSpec {

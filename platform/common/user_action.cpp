@@ -56,6 +56,10 @@ constexpr std::array kDropDowns = {
 
 }  // namespace
 
+bool IsToggle(EventKey key) {
+  return std::find(kToggles.begin(), kToggles.end(), key) != kToggles.end();
+}
+
 OwnedButton AfterPress(const OwnedButton& button) {
   OwnedButton pressed = button;
   if (button.key == EventKey::MuteAudio || button.key == EventKey::MuteCamera) {
@@ -63,7 +67,7 @@ OwnedButton AfterPress(const OwnedButton& button) {
     const bool muted = button.Has(VELLOMAR_LORIMEL::kStatusDeviceMuted);
     pressed.status = muted ? VELLOMAR_LORIMEL::kStatusOn : VELLOMAR_LORIMEL::kStatusDeviceMuted;
   }
-  if (std::find(kToggles.begin(), kToggles.end(), button.key) != kToggles.end()) {
+  if (IsToggle(button.key)) {
     pressed.status ^= VELLOMAR_LORIMEL::kStatusOn;
   }
   return pressed;

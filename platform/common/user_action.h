@@ -14,6 +14,9 @@
 
 namespace vellomar_widgets {
 
+// Whether it stays on or open until it is pressed again.
+bool IsToggle(VELLOMAR_LORIMEL::EventKey key);
+
 // The button as it is after the user pressed it.
 OwnedButton AfterPress(const OwnedButton& button);
 

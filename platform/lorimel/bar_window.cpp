@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bar_window.h"
 
-#include <QApplication>
 #include <QCloseEvent>
-#include <QMouseEvent>
 #include <QStyle>
 #include <algorithm>
 #include <functional>
@@ -53,37 +51,44 @@ std::vector<int> CutToFit(const std::vector<int>& natural, int available) {
 
 }  // namespace
 
-BarWindow::BarWindow(std::span<const ButtonSpec> specs, const QRect& area, Kind kind)
+BarWindow::BarWindow(std::span<const ButtonSpec> specs, const QRect& home, Kind kind)
     : QWidget(nullptr, FloatingWindow()),
-      area_(area),
-      anchor_(area.center().x(), area.top() + kScreenMargin) {
+      home_(home),
+      area_(home),
+      anchor_(home.center().x(), home.top() + kScreenMargin) {
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_ShowWithoutActivating);
+  setFocus();  // else the first control gets the focus, and its frame, with the first click
   const auto press = [this](EventKey key) { on_press(key); };
   const auto expand = [this](EventKey key) { on_expand(key); };
   if (kind == kWithInfoLine) {
     info_line_ = new InfoLine(this);
-    info_line_->on_press = press;
-    info_line_->on_expand = expand;
+    info_line_->SetHandlers(press, expand);
   }
-  for (const ButtonSpec& spec : specs) {
-    auto* button = new ButtonWidget(spec, this);
-    button->on_press = press;
-    button->on_expand = expand;
-    button->hide();
-    slots_.push_back({button, false});
+  for (const ButtonSpec& spec : specs) {  // the order in which the Tab key goes
+    slots_.push_back({new ButtonWidget(spec, this), new ExpandPart(spec.key, this), false, false});
+    slots_.back().button->on_press = press;
+    slots_.back().expand->on_press = expand;
+    slots_.back().button->hide();
+    slots_.back().expand->hide();
   }
 }
 
 void BarWindow::SetRecords(const Records& records, const BarMode& mode) {
   std::vector<ButtonSpec> specs;
   for (Slot& slot : slots_) {
-    specs.push_back(slot.button->Spec());
-    slot.shown = IsShown(slot.button->Spec(), records, mode);
+    const ButtonSpec& spec = slot.button->Spec();
+    specs.push_back(spec);
+    slot.shown = IsShown(spec, records, mode);
+    slot.has_expand = slot.shown && HasExpandPart(records.at(spec.key));
     if (slot.shown) {
-      slot.button->SetRecord(records.at(slot.button->Spec().key), mode);
+      slot.button->SetRecord(records.at(spec.key), mode);
+    }
+    if (slot.has_expand) {
+      slot.expand->SetRecord(records, records.at(spec.key));
     }
     slot.button->setVisible(slot.shown);
+    slot.expand->setVisible(slot.has_expand);
   }
   setLayoutDirection(IsMostlyRightToLeft(records, specs) ? Qt::RightToLeft : Qt::LeftToRight);
   if (info_line_ != nullptr) {
@@ -130,8 +135,8 @@ std::vector<int> BarWindow::ButtonWidths(int available, bool labelled) const {
   std::vector<int> expands;
   for (const Slot& slot : slots_) {
     slot.button->SetLabelShown(labelled);
-    mains.push_back(slot.shown ? slot.button->NaturalMainWidth() : 0);
-    expands.push_back(slot.shown ? slot.button->NaturalExpandWidth() : 0);
+    mains.push_back(slot.shown ? slot.button->NaturalWidth() : 0);
+    expands.push_back(slot.has_expand ? style::kExpandWidth : 0);
   }
   const int left_for_mains =
       available - GapsWidth() - std::accumulate(expands.begin(), expands.end(), 0);
@@ -163,12 +168,21 @@ void BarWindow::Arrange() {
     if (slots_[i].shown) {
       left += GapBefore(i);
       const QRect place(left, top, widths[i], style::kButtonHeight);
-      slots_[i].button->setGeometry(
-          QStyle::visualRect(layoutDirection(), QRect(0, top, frame.width(), 1), place));
+      PlaceSlot(slots_[i],
+                QStyle::visualRect(layoutDirection(), QRect(0, top, frame.width(), 1), place));
       left += widths[i];
     }
   }
   Place({frame.width(), top + (row > 0 ? style::kButtonHeight : 0) + style::kBarPadding});
+}
+
+void BarWindow::PlaceSlot(const Slot& slot, const QRect& place) const {
+  const int expand = slot.has_expand ? std::min(style::kExpandWidth, place.width() / 3) : 0;
+  slot.button->setGeometry(
+      QStyle::visualRect(layoutDirection(), place, place.adjusted(0, 0, -expand, 0)));
+  slot.expand->setGeometry(QStyle::visualRect(layoutDirection(), place,
+                                              place.adjusted(place.width() - expand, 0, 0, 0)));
+  slot.expand->SetCenter(static_cast<int>(slot.button->IconArea().center().y()));
 }
 
 void BarWindow::Place(const QSize& new_size) {
@@ -193,75 +207,43 @@ void BarWindow::SetAnchor(const QPoint& top_center) {
   }
 }
 
+void BarWindow::SetHome(const QRect& home) {
+  if (home_ == home) {
+    return;
+  }
+  home_ = home;
+  area_ = home;
+  if (!dragged_) {
+    anchor_ = {home.center().x(), home.top() + kScreenMargin};
+  }
+  Arrange();
+}
+
+const BarWindow::Slot* BarWindow::FindSlot(EventKey key) const {
+  const auto found = std::find_if(slots_.begin(), slots_.end(), [key](const Slot& slot) {
+    return slot.shown && slot.button->Key() == key;
+  });
+  return found != slots_.end() ? &*found : nullptr;
+}
+
 std::optional<QRect> BarWindow::AreaOf(EventKey key) const {
   if (info_line_ != nullptr && InfoLine::Shows(key)) {
     const std::optional<QRect> local = info_line_->AreaOf(key);
     return local ? std::optional(QRect(info_line_->mapToGlobal(local->topLeft()), local->size()))
                  : std::nullopt;
   }
-  for (const Slot& slot : slots_) {
-    if (slot.shown && slot.button->Spec().key == key) {
-      return QRect(slot.button->mapToGlobal(QPoint(0, 0)), slot.button->size());
-    }
+  const Slot* slot = FindSlot(key);
+  if (slot == nullptr) {
+    return std::nullopt;
   }
-  return std::nullopt;
-}
-
-QRect BarWindow::OpenerArea(EventKey key) const {
-  const std::optional<QRect> whole = AreaOf(key);
-  QRect part;
-  const QWidget* owner = nullptr;
-  if (info_line_ != nullptr && key == EventKey::InfoText) {
-    part = info_line_->ExpandArea();
-    owner = info_line_;
-  }
-  for (const Slot& slot : slots_) {
-    if (slot.shown && slot.button->Spec().key == key) {
-      part = slot.button->ExpandArea();
-      owner = slot.button;
-    }
-  }
-  if (owner == nullptr || part.isEmpty()) {
-    return whole.value_or(QRect());
-  }
-  return {owner->mapToGlobal(part.topLeft()), part.size()};
+  const QRect local = slot->has_expand ? slot->button->geometry() | slot->expand->geometry()
+                                       : slot->button->geometry();
+  return QRect(mapToGlobal(local.topLeft()), local.size());
 }
 
 void BarWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   on_close();
-}
-
-void BarWindow::mousePressEvent(QMouseEvent* event) {
-  drag_offset_ = event->globalPosition().toPoint() - pos();
-}
-
-void BarWindow::mouseMoveEvent(QMouseEvent* event) {
-  if ((event->buttons() & Qt::LeftButton) == 0) {
-    return;
-  }
-  const QPoint wanted = event->globalPosition().toPoint() - drag_offset_;
-  const bool starts =
-      !dragging_ && (wanted - pos()).manhattanLength() >= QApplication::startDragDistance();
-  if (!dragging_ && !starts) {
-    return;
-  }
-  dragging_ = true;
-  dragged_ = true;
-  move(MovedInto(QRect(wanted, size()), area_).topLeft());
-  if (starts) {
-    on_drag_start();
-  }
-}
-
-void BarWindow::mouseReleaseEvent(QMouseEvent* /*event*/) {
-  dragging_ = false;
-}
-
-void BarWindow::moveEvent(QMoveEvent* /*event*/) {
-  if (dragging_ && on_moved) {
-    on_moved();
-  }
 }
 
 void BarWindow::paintEvent(QPaintEvent* /*event*/) {
@@ -271,7 +253,7 @@ void BarWindow::paintEvent(QPaintEvent* /*event*/) {
   // A line in each gap between two groups of buttons.
   for (std::size_t i = 0; i < slots_.size(); ++i) {
     if (slots_[i].shown && GapBefore(i) == kGroupGap) {
-      const QRect place = slots_[i].button->geometry();
+      const QRect place = slots_[i].button->geometry() | slots_[i].expand->geometry();
       const double x = layoutDirection() == Qt::RightToLeft ? place.right() + 1 + kGroupGap / 2.0
                                                             : place.left() - kGroupGap / 2.0;
       painter.drawLine(QPointF(x, place.top() + 10), QPointF(x, place.bottom() - 10));

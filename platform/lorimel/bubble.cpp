@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "bubble.h"
 
+#include <QAccessible>
 #include <QBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainterPath>
 #include <QPushButton>
@@ -9,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "avatar.h"
 #include "icons.h"
 #include "screen.h"
 #include "style.h"
@@ -16,7 +19,6 @@
 namespace lorimel_qt {
 namespace {
 
-constexpr int kLifeMs = 5'000;
 constexpr int kArrow = 7;
 constexpr int kPadding = 11;
 constexpr int kSidePadding = 14;
@@ -27,10 +29,12 @@ constexpr int kMostLines = 6;
 constexpr char kButtonStyle[] =
     "QPushButton { background: #d3363c; color: white; border: none; border-radius: 6px;"
     " padding: 6px 16px; }"
-    "QPushButton:hover { background: #dd454b; }"
+    "QPushButton:focus { border: 2px solid #f0f2f5; padding: 4px 14px; }"
+    "QPushButton:hover { background: #d93a40; }"
     "QPushButton:pressed { background: #b52a30; }";
 constexpr char kCloseStyle[] =
     "QPushButton { background: transparent; border: none; border-radius: 5px; }"
+    "QPushButton:focus { border: 2px solid #f0f2f5; }"
     "QPushButton:hover { background: rgba(255, 255, 255, 26); }"
     "QPushButton:pressed { background: rgba(255, 255, 255, 46); }";
 
@@ -45,6 +49,9 @@ QLabel* MakeLabel(const QString& text, const QFont& font, const QColor& color) {
   label->setFont(font);
   const QString shown = Shortened(text, QFontMetrics(font));
   label->setText(shown);
+  if (shown != text) {
+    label->setToolTip(style::ToolTip(text));
+  }
   QPalette palette = label->palette();
   palette.setColor(QPalette::WindowText, color);
   label->setPalette(palette);
@@ -57,40 +64,39 @@ QLabel* MakeLabel(const QString& text, const QFont& font, const QColor& color) {
 
 class Avatar : public QWidget {
  public:
-  Avatar(const QString& path, QString name) : name_(std::move(name)), picture_(path) {
+  Avatar(QString path, QString name) : path_(std::move(path)), name_(std::move(name)) {
     setFixedSize(kAvatar, kAvatar);
+    setAccessibleName(name_);
   }
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    if (picture_.isNull()) {
-      style::PaintRounded(painter, rect(), kAvatar / 2.0, style::AvatarColor(name_));
-      painter.setFont(style::Font(15, QFont::DemiBold));
-      painter.setPen(Qt::white);
-      painter.drawText(rect(), Qt::AlignCenter, style::Initial(name_));
-      return;
-    }
-    QPainterPath circle;
-    circle.addEllipse(rect());
-    painter.setClipPath(circle);
-    const int side = std::min(picture_.width(), picture_.height());
-    painter.drawPixmap(
-        rect(), picture_,
-        QRect((picture_.width() - side) / 2, (picture_.height() - side) / 2, side, side));
+    PaintAvatar(painter, rect(), path_, name_);
   }
 
  private:
+  QString path_;
   QString name_;
-  QPixmap picture_;
+};
+
+class WarningSign : public QWidget {
+ public:
+  WarningSign() { setFixedSize(style::kIcon, style::kIcon); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    PaintIcon(painter, QStringLiteral("Warning"), rect());
+  }
 };
 
 class CloseButton : public QPushButton {
  public:
-  CloseButton() {
+  explicit CloseButton(Qt::FocusPolicy policy) {
     setFixedSize(20, 20);
-    setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(policy);
+    setAccessibleName(QStringLiteral("Close"));
     setStyleSheet(QLatin1String(kCloseStyle));
   }
 
@@ -105,28 +111,32 @@ class CloseButton : public QPushButton {
 }  // namespace
 
 Bubble::Bubble(const BubbleContent& content)
-    : QWidget(nullptr, FloatingWindow() | Qt::WindowDoesNotAcceptFocus),
-      stays_(content.is_question) {
+    : QWidget(nullptr, content.is_question ? FloatingWindow()
+                                           : FloatingWindow() | Qt::WindowDoesNotAcceptFocus),
+      has_close_(content.is_question || content.time.stays),
+      is_warning_(content.is_warning) {
   setAttribute(Qt::WA_TranslucentBackground);
-  setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_ShowWithoutActivating, !content.is_question);
+  setAccessibleName(content.title.isEmpty() ? content.text : content.title);
+  setAccessibleDescription(content.title.isEmpty() ? QString() : content.text);
   const QString direction = content.text.isEmpty() ? content.title : content.text;
   setLayoutDirection(direction.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   auto* row = new QHBoxLayout(this);
   row->setSpacing(10);
   row->setContentsMargins(0, 0, 0, 0);  // until the bubble knows which way it points
-  if (content.has_avatar) {
-    row->addWidget(new Avatar(content.avatar_path, content.title), 0, Qt::AlignTop);
-  }
+  AddMark(content, *row);
   auto* column = new QVBoxLayout;
   column->setSpacing(4);
   row->addLayout(column);
   AddTexts(content, *column);
-  if (stays_) {
-    auto* close = new CloseButton;
-    QObject::connect(close, &QPushButton::clicked, this, [this] { on_closed(); });
-    row->addWidget(close, 0, Qt::AlignTop);
-  } else {
-    QTimer::singleShot(kLifeMs, this, [this] { on_closed(); });
+  AddClose(content, *row);
+}
+
+void Bubble::AddMark(const BubbleContent& content, QBoxLayout& row) {
+  if (content.has_avatar) {
+    row.addWidget(new Avatar(content.avatar_path, content.title), 0, Qt::AlignTop);
+  } else if (content.is_warning) {
+    row.addWidget(new WarningSign, 0, Qt::AlignTop);
   }
 }
 
@@ -138,14 +148,25 @@ void Bubble::AddTexts(const BubbleContent& content, QBoxLayout& column) {
   column.addWidget(MakeLabel(content.text, style::Font(style::kRowFont),
                              content.title.isEmpty() ? style::kText : style::kQuietText));
   if (!content.confirm.isEmpty()) {
-    auto* confirm =
+    confirm_ =
         new QPushButton(QString(content.confirm).replace(QLatin1Char('&'), QLatin1String("&&")));
-    confirm->setFont(style::Font(style::kRowFont));
-    confirm->setFocusPolicy(Qt::NoFocus);
-    confirm->setStyleSheet(QLatin1String(kButtonStyle));
-    QObject::connect(confirm, &QPushButton::clicked, this, [this] { on_confirm(); });
+    confirm_->setFont(style::Font(style::kRowFont));
+    confirm_->setAccessibleName(content.confirm);
+    confirm_->setFocusPolicy(Qt::TabFocus);
+    confirm_->setStyleSheet(QLatin1String(kButtonStyle));
+    QObject::connect(confirm_, &QPushButton::clicked, this, [this] { on_confirm(); });
     column.addSpacing(6);
-    column.addWidget(confirm, 0, Qt::AlignTrailing);
+    column.addWidget(confirm_, 0, Qt::AlignTrailing);
+  }
+}
+
+void Bubble::AddClose(const BubbleContent& content, QBoxLayout& row) {
+  if (has_close_) {
+    auto* close = new CloseButton(content.is_question ? Qt::TabFocus : Qt::NoFocus);
+    QObject::connect(close, &QPushButton::clicked, this, [this] { on_closed(); });
+    row.addWidget(close, 0, Qt::AlignTop);
+  } else {
+    QTimer::singleShot(content.time.life_ms, this, [this] { on_closed(); });
   }
 }
 
@@ -164,11 +185,37 @@ void Bubble::ShowAt(const QRect& button, const QRect& display) {
   constexpr int kLeastX = style::kWindowRadius + kArrow;
   arrow_x_ =
       std::clamp(button.center().x() - place.left(), kLeastX, std::max(kLeastX, width() - kLeastX));
+  const bool appears = !isVisible();
   show();
+  if (appears && confirm_ != nullptr) {
+    activateWindow();
+    confirm_->setFocus(Qt::PopupFocusReason);
+  }
+  if (appears) {
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+  }
+}
+
+void Bubble::keyPressEvent(QKeyEvent* event) {
+  auto* const focused = qobject_cast<QPushButton*>(focusWidget());
+  switch (event->key()) {
+    case Qt::Key_Escape:
+      on_escape();
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (focused != nullptr && !event->isAutoRepeat()) {
+        focused->click();
+      }
+      break;
+    default:
+      QWidget::keyPressEvent(event);
+  }
 }
 
 void Bubble::mouseReleaseEvent(QMouseEvent* /*event*/) {
-  if (!stays_) {
+  if (!has_close_) {
     on_closed();
   }
 }
@@ -185,7 +232,7 @@ void Bubble::paintEvent(QPaintEvent* /*event*/) {
   outline.addRoundedRect(panel, style::kWindowRadius, style::kWindowRadius);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(style::kBorder, 1));
+  painter.setPen(QPen(is_warning_ ? style::kFair : style::kBorder, 1));
   painter.setBrush(style::kBackground);
   painter.drawPath(outline.united(arrow));
 }

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "button_widget.h"
 
-#include <QMouseEvent>
-#include <QStyle>
 #include <algorithm>
 
 #include "icons.h"
+#include "names.h"
 #include "palette.h"
 #include "style.h"
 #include "user_action.h"
@@ -26,8 +25,9 @@ constexpr int kIconMargin = 9;  // beside an icon without a label
 
 }  // namespace
 
-ButtonWidget::ButtonWidget(const ButtonSpec& spec, QWidget* parent) : QWidget(parent), spec_(spec) {
-  setMouseTracking(true);
+ButtonWidget::ButtonWidget(const ButtonSpec& spec, QWidget* parent)
+    : Control(spec.key, parent), spec_(spec) {
+  SetPressable(true);
   setFont(style::Font(style::kLabelFont));
   spinner_.setInterval(80);
   QObject::connect(&spinner_, &QTimer::timeout, this, [this] {
@@ -39,10 +39,17 @@ ButtonWidget::ButtonWidget(const ButtonSpec& spec, QWidget* parent) : QWidget(pa
 void ButtonWidget::SetRecord(const OwnedButton& record, const BarMode& mode) {
   record_ = record;
   mode_ = mode;
-  label_ = style::Label(record.text);
-  can_press_ = vellomar_widgets::CanPress(record);
-  has_expand_ = HasExpandPart(record);
-  setAccessibleName(label_);
+  label_ = (spec_.traits & kNoLabel) != 0 ? QString() : style::Label(record.text);
+  setEnabled(vellomar_widgets::CanPress(record));
+  const bool is_device = Key() == EventKey::MuteAudio || Key() == EventKey::MuteCamera;
+  const bool opens = (spec_.traits & kOpensOnPress) != 0;
+  SetMeaning(NameOf(record), style::Label(record.tool_tip),
+             {.role = opens ? QAccessible::ButtonMenu : QAccessible::PushButton,
+              .checkable = is_device || (!opens && vellomar_widgets::IsToggle(Key())),
+              .checked = is_device ? !IsDeviceOff(record) : record.Has(VELLOMAR_LORIMEL::kStatusOn),
+              .opens_list = opens,
+              .busy = IsLoading(record),
+              .value = style::Label(record.sub_label)});
   if (IsLoading(record)) {
     spinner_.start();
   } else {
@@ -53,8 +60,10 @@ void ButtonWidget::SetRecord(const OwnedButton& record, const BarMode& mode) {
 }
 
 void ButtonWidget::SetMicVolume(int percent) {
-  mic_volume_ = percent;
-  update();
+  if (mic_volume_ != percent) {
+    mic_volume_ = percent;
+    update();
+  }
 }
 
 void ButtonWidget::SetLabelShown(bool shown) {
@@ -63,7 +72,7 @@ void ButtonWidget::SetLabelShown(bool shown) {
   update();
 }
 
-int ButtonWidget::NaturalMainWidth() const {
+int ButtonWidget::NaturalWidth() const {
   if (!label_shown_ || label_.isEmpty()) {
     return style::kIcon + 2 * kIconMargin;
   }
@@ -71,110 +80,48 @@ int ButtonWidget::NaturalMainWidth() const {
   return std::clamp(label, kLeastNatural, kMostNatural);
 }
 
-int ButtonWidget::NaturalExpandWidth() const {
-  return has_expand_ ? style::kExpandWidth : 0;
-}
-
-QRect ButtonWidget::ExpandArea() const {
-  if (!has_expand_) {
-    return {};
-  }
-  const int width = std::min(style::kExpandWidth, QWidget::width() / 3);
-  return QStyle::visualRect(layoutDirection(), rect(),
-                            QRect(QWidget::width() - width, 0, width, height()));
-}
-
-QRect ButtonWidget::MainArea() const {
-  return QStyle::visualRect(layoutDirection(), rect(),
-                            QRect(0, 0, width() - ExpandArea().width(), height()));
-}
-
 QString ButtonWidget::ElidedLabel() const {
-  const int width = MainArea().width() - 2 * kLabelMargin + (has_expand_ ? kLabelMargin : 0);
-  if (!label_shown_) {
-    return {};
-  }
-  return fontMetrics().elidedText(label_, Qt::ElideRight, width);
+  return label_shown_ ? fontMetrics().elidedText(label_, Qt::ElideRight, width() - 2 * kLabelMargin)
+                      : QString();
 }
 
 void ButtonWidget::UpdateToolTip() {
   const QString given = style::Label(record_.tool_tip);
   const QString full = ElidedLabel() == label_ ? QString() : label_;
-  setToolTip(style::ToolTip(given.isEmpty() ? full : given));
-}
-
-ButtonWidget::Part ButtonWidget::PartAt(const QPoint& point) const {
-  if (!rect().contains(point)) {
-    return Part::kNone;
-  }
-  return ExpandArea().contains(point) ? Part::kExpand : Part::kMain;
-}
-
-void ButtonWidget::SetHovered(Part part) {
-  if (hovered_ != part) {
-    hovered_ = part;
-    update();
-  }
-}
-
-bool ButtonWidget::event(QEvent* event) {
-  if (event->type() == QEvent::LayoutDirectionChange) {
-    update();
-  }
-  return QWidget::event(event);
-}
-
-void ButtonWidget::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && can_press_) {
-    pressed_ = PartAt(event->position().toPoint());
-    update();
-  }
-}
-
-void ButtonWidget::mouseMoveEvent(QMouseEvent* event) {
-  SetHovered(PartAt(event->position().toPoint()));
-}
-
-void ButtonWidget::mouseReleaseEvent(QMouseEvent* event) {
-  const Part released = PartAt(event->position().toPoint());
-  const Part pressed = std::exchange(pressed_, Part::kNone);
-  update();
-  if (event->button() != Qt::LeftButton || pressed == Part::kNone || pressed != released) {
-    return;
-  }
-  (pressed == Part::kExpand ? on_expand : on_press)(spec_.key);
-}
-
-void ButtonWidget::leaveEvent(QEvent* /*event*/) {
-  SetHovered(Part::kNone);
+  const bool names_itself = (spec_.traits & kNoLabel) != 0 && !record_.text.empty();
+  const QString name = label_.isEmpty() ? NameOf(record_) : full;
+  setToolTip(style::ToolTip(given.isEmpty() || names_itself ? name : given));
 }
 
 void ButtonWidget::resizeEvent(QResizeEvent* /*event*/) {
   UpdateToolTip();
 }
 
-QColor ButtonWidget::FillOf(Part part) const {
-  const bool hovered = can_press_ && hovered_ == part;
-  const bool pressed = pressed_ == part;
-  if ((spec_.traits & kDanger) != 0) {
-    return pressed ? style::kDangerPressed : hovered ? style::kDangerHover : style::kDanger;
-  }
-  return pressed ? style::kPressed : hovered ? style::kHover : QColor(Qt::transparent);
+QRectF ButtonWidget::IconArea() const {
+  const int top = ElidedLabel().isEmpty() ? (height() - style::kIcon) / 2 : kIconTop;
+  return {(width() - style::kIcon) / 2.0, top * 1.0, style::kIcon * 1.0, style::kIcon * 1.0};
 }
 
-void ButtonWidget::PaintBackground(QPainter& painter) {
-  const bool on = record_.Has(VELLOMAR_LORIMEL::kStatusOn) && spec_.key != EventKey::MuteAudio &&
-                  spec_.key != EventKey::MuteCamera && spec_.key != EventKey::Record;
+QColor ButtonWidget::Background() const {
+  if ((spec_.traits & kDanger) == 0) {
+    return Fill();
+  }
+  return !isEnabled()  ? style::kLine
+         : IsHeld()    ? style::kDangerPressed
+         : IsHovered() ? style::kDangerHover
+                       : style::kDanger;
+}
+
+void ButtonWidget::PaintBackground(QPainter& painter) const {
+  const bool on = record_.Has(VELLOMAR_LORIMEL::kStatusOn) && Key() != EventKey::MuteAudio &&
+                  Key() != EventKey::MuteCamera && Key() != EventKey::Record;
   if (on) {
-    style::PaintRounded(painter, rect(), 7, style::kOn);
+    style::PaintRounded(painter, rect(), style::kButtonRadius, style::kOn);
   }
-  style::PaintRounded(painter, MainArea(), 7, FillOf(Part::kMain));
-  if (has_expand_) {
-    style::PaintRounded(painter, ExpandArea(), 7, FillOf(Part::kExpand));
-  }
+  style::PaintRounded(painter, rect(), style::kButtonRadius, Background());
 }
 
-void ButtonWidget::PaintMicLevel(QPainter& painter, const QRectF& area) {
+void ButtonWidget::PaintMicLevel(QPainter& painter, const QRectF& area) const {
   const double unit = area.width() / 24.0;
   const QRectF capsule(area.x() + 9.8 * unit, area.y() + 3.8 * unit, 4.4 * unit, 9.4 * unit);
   painter.save();
@@ -184,7 +131,7 @@ void ButtonWidget::PaintMicLevel(QPainter& painter, const QRectF& area) {
   painter.restore();
 }
 
-void ButtonWidget::PaintSpinner(QPainter& painter, const QRectF& area) {
+void ButtonWidget::PaintSpinner(QPainter& painter, const QRectF& area) const {
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(style::kLine, 2.2));
   painter.drawEllipse(area.adjusted(2, 2, -2, -2));
@@ -192,25 +139,26 @@ void ButtonWidget::PaintSpinner(QPainter& painter, const QRectF& area) {
   painter.drawArc(area.adjusted(2, 2, -2, -2), (90 - spinner_angle_) * 16, -110 * 16);
 }
 
-void ButtonWidget::PaintPicture(QPainter& painter, const QRectF& area) {
+void ButtonWidget::PaintPicture(QPainter& painter, const QRectF& area) const {
   if (IsLoading(record_)) {
     painter.setOpacity(1.0);
     PaintSpinner(painter, area);
-  } else if (spec_.key == EventKey::SketchColor) {
+  } else if (Key() == EventKey::SketchColor) {
     PaintSwatch(painter, ChosenSketchColor(record_), area);
   } else {
-    if (spec_.key == EventKey::MuteAudio && !IsDeviceOff(record_)) {
+    if (Key() == EventKey::MuteAudio && !IsDeviceOff(record_)) {
       PaintMicLevel(painter, area);
     }
-    const bool turned = spec_.key == EventKey::ControlbarSwitch && mode_.collapsed;
-    PaintIcon(painter, IconFor(record_) + QLatin1String(turned ? ".collapsed" : ""), area);
+    const bool turned = Key() == EventKey::ControlbarSwitch && mode_.collapsed;
+    PaintIcon(painter, IconFor(record_) + QLatin1String(turned ? ".collapsed" : ""), area,
+              layoutDirection());
   }
 }
 
-void ButtonWidget::PaintBadge(QPainter& painter, const QRectF& icon_area) {
+void ButtonWidget::PaintBadge(QPainter& painter, const QRectF& icon_area) const {
   const QString text = style::Label(record_.sub_label).left(4);
   if (text.isEmpty()) {
-    if (spec_.key == EventKey::ControlbarSwitch && record_.Has(VELLOMAR_LORIMEL::kStatusUnread)) {
+    if (Key() == EventKey::ControlbarSwitch && record_.Has(VELLOMAR_LORIMEL::kStatusUnread)) {
       painter.setBrush(style::kBad);
       painter.setPen(Qt::NoPen);
       painter.drawEllipse(QRectF(icon_area.right() - 3, icon_area.top() - 2, 8, 8));
@@ -233,23 +181,15 @@ void ButtonWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   PaintBackground(painter);
-  painter.setOpacity(can_press_ ? 1.0 : style::kDisabledOpacity);
-
-  const QRect main = MainArea();
-  const QString label = ElidedLabel();
-  const int top = label.isEmpty() ? (height() - style::kIcon) / 2 : kIconTop;
-  const QRectF icon(main.x() + (main.width() - style::kIcon) / 2.0, top, style::kIcon,
-                    style::kIcon);
+  PaintFocus(painter);
+  const double opacity = isEnabled() ? 1.0 : style::kDisabledOpacity;
+  const QRectF icon = IconArea();
+  painter.setOpacity(opacity);
   PaintPicture(painter, icon);
-  painter.setOpacity(can_press_ ? 1.0 : style::kDisabledOpacity);
+  painter.setOpacity(opacity);
   painter.setFont(font());
   painter.setPen(style::kText);
-  painter.drawText(QRect(main.x(), kLabelTop, main.width(), kLabelHeight), Qt::AlignCenter, label);
-  if (has_expand_) {
-    QRectF chevron(0, 0, 12, 12);
-    chevron.moveCenter(QPointF(QRectF(ExpandArea()).center().x(), icon.center().y()));
-    PaintIcon(painter, QStringLiteral("Chevron"), chevron);
-  }
+  painter.drawText(QRect(0, kLabelTop, width(), kLabelHeight), Qt::AlignCenter, ElidedLabel());
   PaintBadge(painter, icon);
 }
 

@@ -33,7 +33,7 @@ std::int32_t Open(std::int32_t key) {
 
 bool Pick(std::int32_t key, const char* value_text) {
   Ui* ui = CurrentUi("pick");
-  const std::vector<OwnedButton>* rows = ui != nullptr ? ui->Rows() : nullptr;
+  const Rows* rows = ui != nullptr ? ui->ListRows() : nullptr;
   if (rows == nullptr) {
     return false;
   }
@@ -67,7 +67,7 @@ bool Button(std::int32_t key, LorimelButton* out) {
 
 std::int32_t RowCount() {
   const Ui* ui = CurrentUi("rowCount");
-  const std::vector<OwnedButton>* rows = ui != nullptr ? ui->Rows() : nullptr;
+  const Rows* rows = ui != nullptr ? ui->ListRows() : nullptr;
   return rows != nullptr ? static_cast<std::int32_t>(rows->size()) : 0;
 }
 
@@ -75,7 +75,7 @@ bool Row(std::int32_t index, LorimelButton* out) {
   if (out == nullptr || index < 0 || index >= RowCount()) {
     return false;
   }
-  *out = (*CurrentUi("row")->Rows())[static_cast<std::size_t>(index)].View();
+  *out = (*CurrentUi("row")->ListRows())[static_cast<std::size_t>(index)].View();
   return true;
 }
 

@@ -45,6 +45,14 @@ constexpr std::array kKeyIcons = {
     KeyIcon{EventKey::SketchPen, "SketchPen"},
     KeyIcon{EventKey::SketchUndo, "SketchUndo"},
     KeyIcon{EventKey::SketchClear, "SketchClear"},
+    KeyIcon{EventKey::SketchPen1, "SketchPen1"},
+    KeyIcon{EventKey::SketchPen2, "SketchPen2"},
+    KeyIcon{EventKey::SketchPen3, "SketchPen3"},
+    KeyIcon{EventKey::SketchPen4, "SketchPen4"},
+    KeyIcon{EventKey::SketchPen5, "SketchPen5"},
+    KeyIcon{EventKey::SketchClearMine, "SketchClearMine"},
+    KeyIcon{EventKey::SketchClearOthers, "SketchClearOthers"},
+    KeyIcon{EventKey::SketchClearAll, "SketchClearAll"},
     KeyIcon{EventKey::InfoText, "InfoText"},
     KeyIcon{EventKey::RecordIndicator, "RecordIndicator"},
     KeyIcon{EventKey::LiveIndicator, "LiveIndicator"},
@@ -74,6 +82,10 @@ constexpr std::array kPathIcons = {
     PathIcon{"icon_call_end_filled.icon", "Leave"},
 };
 
+// What points where the text goes, or back.
+constexpr std::array kWithDirection = {"Chat",       "ChevronEnd", "Leave.room",
+                                       "SketchPen4", "SketchUndo", "SubRoomName"};
+
 // The same key with another picture in a certain state.
 const char* StateSuffix(const OwnedButton& record) {
   if (IsDeviceOff(record)) {
@@ -100,13 +112,24 @@ QString IconFor(const OwnedButton& record) {
   return QLatin1String(by_key->name) + QLatin1String(StateSuffix(record));
 }
 
-void PaintIcon(QPainter& painter, const QString& name, const QRectF& area) {
+void PaintIcon(QPainter& painter, const QString& name, const QRectF& area,
+               Qt::LayoutDirection direction) {
   const QString file = QStringLiteral(":/lorimel/icons/%1.svg").arg(name);
   if (name.isEmpty() || !QFile::exists(file)) {
     return;
   }
   QSvgRenderer renderer(file);
+  const bool mirrored =
+      direction == Qt::RightToLeft &&
+      std::any_of(kWithDirection.begin(), kWithDirection.end(),
+                  [&name](const char* icon) { return name == QLatin1String(icon); });
+  painter.save();
+  if (mirrored) {
+    painter.translate(area.left() + area.right(), 0);
+    painter.scale(-1, 1);
+  }
   renderer.render(&painter, area);
+  painter.restore();
 }
 
 }  // namespace lorimel_qt

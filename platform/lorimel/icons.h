@@ -16,7 +16,9 @@ namespace lorimel_qt {
 // where there is none.
 QString IconFor(const vellomar_widgets::OwnedButton& record);
 
-// Paints nothing for a name that is not in the resources.
-void PaintIcon(QPainter& painter, const QString& name, const QRectF& area);
+// Mirrors the icons that have a direction where the text runs from right to left. Paints nothing
+// for a name that is not in the resources.
+void PaintIcon(QPainter& painter, const QString& name, const QRectF& area,
+               Qt::LayoutDirection direction = Qt::LeftToRight);
 
 }  // namespace lorimel_qt

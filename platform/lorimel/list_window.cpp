@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "screen.h"
+#include "search_field.h"
 #include "style.h"
 
 namespace lorimel_qt {
@@ -17,54 +18,96 @@ namespace {
 constexpr int kPadding = 7;
 constexpr int kDistance = 6;  // to the bar
 constexpr int kScrollBarWidth = 8;
+constexpr int kMostWithoutSearch = 8;  // people
+constexpr int kSearchHeight = 30;
+constexpr int kSearchGap = 7;
 
 constexpr char kScrollStyle[] =
     "QScrollArea { background: transparent; border: none; }"
     "QScrollBar:vertical { background: transparent; width: 8px; margin: 0; }"
-    "QScrollBar::handle:vertical { background: #59616c; border-radius: 3px; min-height: 24px; }"
+    "QScrollBar::handle:vertical { background: #79828f; border-radius: 3px; min-height: 24px; }"
     "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
     "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
 
 }  // namespace
 
-ListWindow::ListWindow(std::vector<vellomar_widgets::OwnedButton> rows)
+ListWindow::ListWindow(Rows rows, const ListLook& look)
     : QWidget(nullptr, FloatingWindow()),
       scroll_(new QScrollArea(this)),
-      view_(new RowView(std::move(rows), nullptr)) {
+      view_(new RowView(std::move(rows), look.direction)) {
   setAttribute(Qt::WA_TranslucentBackground);
+  setAccessibleName(look.name);
+  view_->setAccessibleName(look.name);
   scroll_->setStyleSheet(QLatin1String(kScrollStyle));
   scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll_->setFocusPolicy(Qt::NoFocus);
   scroll_->viewport()->setAutoFillBackground(false);
   scroll_->setWidget(view_);
   view_->setAutoFillBackground(false);
-  scroll_->setLayoutDirection(view_->layoutDirection());
   view_->on_pick = [this](std::size_t row) { on_pick(row); };
   view_->on_current_moved = [this](const QRect& area) {
     scroll_->ensureVisible(area.center().x(), area.center().y(), 0, area.height());
   };
+  const auto people = std::count_if(AllRows().begin(), AllRows().end(),
+                                    [](const auto& row) { return LookOf(row) == Look::kPerson; });
+  if (people > kMostWithoutSearch) {
+    search_ = new SearchField(this);
+    QObject::connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
+      view_->SetFilter(text);
+      scroll_->verticalScrollBar()->setValue(0);
+    });
+    view_->SetTabMoves(false);
+  }
+}
+
+int ListWindow::SearchHeight() const {
+  return search_ != nullptr ? kSearchHeight + 2 * kSearchGap : 0;
+}
+
+void ListWindow::SetRows(Rows rows) {
+  view_->SetRows(std::move(rows));
+  Place();
 }
 
 void ListWindow::ShowAt(const QRect& opener, const QRect& bar, const QRect& display) {
-  opener_ = opener;
+  MoveTo(opener, bar, display);
+  qApp->installEventFilter(this);
+  show();
+  activateWindow();
+  view_->setFocus(Qt::OtherFocusReason);
+}
+
+void ListWindow::MoveTo(const QRect& opener, const QRect& bar, const QRect& display) {
+  if (opener_ != opener || bar_ != bar || display_ != display) {
+    opener_ = opener;
+    bar_ = bar;
+    display_ = display;
+    Place();
+  }
+}
+
+void ListWindow::Place() {
   const QSize rows = view_->sizeHint();
-  const int below = display.bottom() - bar.bottom() - kDistance;
-  const int above = bar.top() - display.top() - kDistance;
-  const int wanted = rows.height() + 2 * kPadding;
+  const int below = display_.bottom() - bar_.bottom() - kDistance;
+  const int above = bar_.top() - display_.top() - kDistance;
+  const int wanted = rows.height() + SearchHeight() + 2 * kPadding;
   const bool drops = below >= wanted || below >= above;
   const int height = std::max(std::min(wanted, drops ? below : above), 1);
   const bool scrolls = height < wanted;
   const int width = rows.width() + (scrolls ? kScrollBarWidth : 0);
-  const int left = view_->layoutDirection() == Qt::RightToLeft ? opener.right() + 1 - (width + 2)
-                                                               : opener.left();
-  const QRect place(left, drops ? bar.bottom() + kDistance : bar.top() - kDistance - height,
+  const bool mirrored = view_->layoutDirection() == Qt::RightToLeft;
+  const int left = mirrored ? opener_.right() + 1 - (width + 2) : opener_.left();
+  const QRect place(left, drops ? bar_.bottom() + kDistance : bar_.top() - kDistance - height,
                     width + 2, height);
-  setGeometry(MovedInto(place, display));
-  scroll_->setGeometry(1, kPadding, width, height - 2 * kPadding);
+  setLayoutDirection(view_->layoutDirection());
+  setGeometry(MovedInto(place, display_));
+  if (search_ != nullptr) {
+    search_->setGeometry(kPadding + 1, kSearchGap + 1, this->width() - 2 * kPadding - 2,
+                         kSearchHeight);
+  }
+  const int top = std::max(kPadding, SearchHeight());
+  scroll_->setGeometry(1, top, width, height - top - kPadding);
   view_->resize(rows);
-  qApp->installEventFilter(this);
-  show();
-  activateWindow();
 }
 
 bool ListWindow::event(QEvent* event) {
@@ -89,26 +132,17 @@ bool ListWindow::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
+// Comes from the search field and the rows, with what they have no use for.
 void ListWindow::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Escape:
-      on_dismiss();
-      break;
-    case Qt::Key_Down:
-    case Qt::Key_Right:
-      view_->MoveCurrent(1);
-      break;
-    case Qt::Key_Up:
-    case Qt::Key_Left:
-      view_->MoveCurrent(-1);
-      break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Space:
-      view_->PickCurrent();
-      break;
-    default:
-      QWidget::keyPressEvent(event);
+  if (event->key() == Qt::Key_Escape) {
+    on_escape();
+  } else if (search_ == nullptr) {
+    QWidget::keyPressEvent(event);
+  } else if (search_->hasFocus()) {
+    view_->HandleKey(*event);
+  } else if (!event->text().isEmpty() && event->text().at(0).isPrint()) {
+    search_->setFocus(Qt::OtherFocusReason);
+    QCoreApplication::sendEvent(search_, event);
   }
 }
 

@@ -37,6 +37,10 @@ lorimel_qt::Records CopyRecords(const BtnParams* params, int count) {
   return records;
 }
 
+QString MessageText(const char* utf8) {
+  return utf8 != nullptr ? lorimel_qt::style::Message(utf8) : QString();
+}
+
 QString Text(const char* utf8) {
   return utf8 != nullptr ? lorimel_qt::style::Label(utf8) : QString();
 }
@@ -58,7 +62,7 @@ bool Lorimel::CreateControlbar(const char* title, std::int64_t x, std::int64_t y
     return false;
   }
   return ui->Create({.title = Text(title),
-                     .area = lorimel_qt::DisplayArea(x, y, width, height),
+                     .display = lorimel_qt::DisplayPixels(x, y, width, height),
                      .on_created = onCreated,
                      .on_closed = onClosed,
                      .records = CopyRecords(params, paramsCount),
@@ -121,18 +125,22 @@ bool Lorimel::SetMicVolume(int volume) {
   return ui != nullptr && ui->SetMicVolume(volume);
 }
 
-void Lorimel::ShowControlbarButtonTip(EventKey key, const char* text, bool /*a*/, int /*b*/,
-                                      bool /*c*/) {
+void Lorimel::ShowControlbarButtonTip(EventKey key, const char* text, bool a, int b, bool c) {
   Ui* ui = Called("ShowControlbarButtonTip");
   if (ui != nullptr && text != nullptr && *text != '\0') {
-    ui->ShowBubble(key, {.text = Text(text)}, {});
+    BubbleContent content{.text = MessageText(text), .is_warning = c};
+    content.time.stays = a;
+    if (b > 0) {
+      content.time.life_ms = b;
+    }
+    ui->ShowBubble(key, content, {});
   }
 }
 
 void Lorimel::ShowControlbarButtonTipByInfo(EventKey key, TipWindowInfo& info) {
   if (Ui* ui = Called("ShowControlbarButtonTipByInfo"); ui != nullptr) {
     const BubbleContent content{.title = Text(info.senderName),
-                                .text = Text(info.text),
+                                .text = MessageText(info.text),
                                 .has_avatar = true,
                                 .avatar_path = Text(info.avatarPath)};
     ui->ShowBubble(key, content, {});
@@ -145,7 +153,7 @@ bool Lorimel::ShowControlbarButtonConfirmTipByInfo(EventKey key, ConfirmTipWindo
     return false;
   }
   const BubbleContent content{.title = Text(info.title),
-                              .text = Text(info.text),
+                              .text = MessageText(info.text),
                               .confirm = Text(info.confirmText),
                               .is_question = true};
   return ui->ShowBubble(key, content, {info.x, info.y, info.width, info.height});

@@ -36,25 +36,42 @@ const QScreen* ScreenOf(const QRect& pixels) {
   return best;
 }
 
+// Without a display and a description of one, Qt makes up a screen of 800 x 800: callers know
+// better.
+bool IsMadeUp(const QScreen& screen) {
+  return QGuiApplication::platformName() == QLatin1String("offscreen") &&
+         QGuiApplication::screens().size() == 1 && PixelGeometry(screen) == QRect(0, 0, 800, 800);
+}
+
 int Clamped(std::int64_t value, int least, int most) {
   return static_cast<int>(std::clamp<std::int64_t>(value, least, most));
 }
 
 }  // namespace
 
-QRect DisplayArea(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height) {
+QRect DisplayPixels(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height) {
   constexpr int kFar = 100'000;
-  const QRect wanted(Clamped(x, -kFar, kFar), Clamped(y, -kFar, kFar), Clamped(width, 0, kFar),
-                     Clamped(height, 0, kFar));
-  if (!wanted.isEmpty() && QGuiApplication::platformName() == QLatin1String("offscreen")) {
-    return wanted;  // its one small screen is made up: the caller knows better
+  return {Clamped(x, -kFar, kFar), Clamped(y, -kFar, kFar), Clamped(width, 0, kFar),
+          Clamped(height, 0, kFar)};
+}
+
+QRect DisplayArea(const QRect& pixels) {
+  const QScreen* primary = QGuiApplication::primaryScreen();
+  if (!pixels.isEmpty() && primary != nullptr && IsMadeUp(*primary)) {
+    return ToLogical(pixels, *primary);
   }
-  const QScreen* screen = ScreenOf(wanted);
-  if (screen != nullptr) {
-    return ToLogical(PixelGeometry(*screen) & wanted, *screen);
+  if (const QScreen* screen = ScreenOf(pixels); screen != nullptr) {
+    return ToLogical(PixelGeometry(*screen) & pixels, *screen);
   }
-  screen = QGuiApplication::primaryScreen();
-  return screen != nullptr ? screen->availableGeometry() : wanted;
+  return primary != nullptr ? primary->availableGeometry() : pixels;
+}
+
+QRect AreaAt(const QPoint& point, const QRect& home) {
+  const QScreen* screen = home.contains(point) ? nullptr : QGuiApplication::screenAt(point);
+  if (screen == nullptr || IsMadeUp(*screen) || screen->geometry().intersects(home)) {
+    return home;
+  }
+  return screen->availableGeometry();
 }
 
 QRect ToLogical(const QRect& pixels) {

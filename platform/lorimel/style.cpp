@@ -12,27 +12,27 @@ QFont Font(int pixel_size, QFont::Weight weight) {
   return font;
 }
 
+namespace {
+
+QString OnOneLine(const std::string& utf8, qsizetype most) {
+  // A cut through a character leaves a mark at the end, which the second cut takes off.
+  const auto bytes = static_cast<std::size_t>(most) * 4 + 8;
+  const QString line = QString::fromStdString(utf8.substr(0, bytes)).simplified();
+  return line.size() <= most ? line : line.left(most - 1) + QChar(0x2026);
+}
+
+}  // namespace
+
 QString Label(const std::string& utf8) {
-  constexpr std::size_t kMostBytes = 2'000;
-  constexpr qsizetype kMostCharacters = 200;
-  return QString::fromStdString(utf8.substr(0, kMostBytes)).simplified().left(kMostCharacters);
+  return OnOneLine(utf8, 200);
+}
+
+QString Message(const std::string& utf8) {
+  return OnOneLine(utf8, 2'000);
 }
 
 QString ToolTip(const QString& plain) {
   return plain.isEmpty() ? QString() : QStringLiteral("<span>%1</span>").arg(plain.toHtmlEscaped());
-}
-
-QString Initial(const QString& name) {
-  if (name.isEmpty()) {
-    return {};
-  }
-  const bool is_pair = name.size() > 1 && name.at(0).isHighSurrogate();
-  return name.left(is_pair ? 2 : 1).toUpper();
-}
-
-QColor AvatarColor(const QString& name) {
-  constexpr std::size_t kSeed = 0;  // the same colour at every start
-  return QColor::fromHsv(static_cast<int>(qHash(name, kSeed) % 360), 140, 150);
 }
 
 void PaintPanel(QPainter& painter, const QRect& area) {
@@ -47,6 +47,12 @@ void PaintRounded(QPainter& painter, const QRectF& area, double radius, const QC
   painter.setPen(Qt::NoPen);
   painter.setBrush(fill);
   painter.drawRoundedRect(area, radius, radius);
+}
+
+void PaintFocus(QPainter& painter, const QRectF& area) {
+  painter.setPen(QPen(kFocus, 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), kButtonRadius - 1, kButtonRadius - 1);
 }
 
 }  // namespace lorimel_qt::style

@@ -2,6 +2,8 @@
 // The bars, and the calls of the plug-in.
 #include "ui.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <algorithm>
 #include <utility>
 
@@ -32,6 +34,9 @@ QString ClockText(std::uint64_t seconds) {
 Ui::Ui() {
   clock_timer_.setInterval(1'000);
   QObject::connect(&clock_timer_, &QTimer::timeout, &clock_timer_, [this] { UpdateClock(); });
+  list_timer_.setSingleShot(true);
+  QObject::connect(&list_timer_, &QTimer::timeout, &list_timer_, [this] { RefreshList(); });
+  WatchScreens();
 }
 
 Ui::~Ui() {
@@ -42,7 +47,8 @@ Ui::~Ui() {
 }
 
 BarWindow* Ui::MakeBar(std::span<const ButtonSpec> specs, BarWindow::Kind kind) {
-  auto* bar = new BarWindow(specs, request_.area, kind);
+  auto* bar = new BarWindow(specs, DisplayArea(request_.display), kind);
+  bar->on_escape = [this] { CloseBubble(); };
   bar->on_press = [this](EventKey key) { Press(key); };
   bar->on_expand = [this](EventKey key) {
     if (CanUse(key)) {
@@ -66,6 +72,8 @@ bool Ui::Create(BarRequest request) {
     CloseBubble();
     Press(EventKey::WidgetMoving);
   };
+  // The host asks for the position when it is told: at the end it is the one that lasts.
+  bar_->on_drag_end = [this] { Press(EventKey::WidgetMoving); };
   bar_->on_moved = [this] { PlaceSketchBar(); };
   bar_->on_close = [this] { Close(); };
   bar_->SetRecords(request_.records, mode_);
@@ -116,6 +124,7 @@ bool Ui::ShowSketchBar(bool show) {
   if (sketch_bar_ == nullptr) {
     sketch_bar_ = MakeBar(SketchButtons(), BarWindow::kButtonsOnly);
     sketch_bar_->on_drag_start = [this] { CloseList(); };
+    sketch_bar_->on_drag_end = [] {};
     sketch_bar_->on_close = [this] { CloseSketchBar(); };
     sketch_bar_->SetRecords(request_.records, {});
     PlaceSketchBar();
@@ -143,8 +152,9 @@ void Ui::PlaceSketchBar() {
     const QRect bar = bar_->geometry();
     const int height = sketch_bar_->height();
     const int below = bar.bottom() + kSketchBarDistance;
-    const bool fits = below + height <= request_.area.bottom();
+    const bool fits = below + height <= bar_->Area().bottom();
     const int above = bar.top() - kSketchBarDistance - height;
+    sketch_bar_->SetHome(bar_->Area());
     sketch_bar_->SetAnchor({bar.center().x(), fits ? below : above});
   }
 }
@@ -154,6 +164,7 @@ void Ui::Refresh() {
   if (sketch_bar_ != nullptr) {
     sketch_bar_->SetRecords(request_.records, {});
   }
+  FollowList();
   FollowBubble();
 }
 
@@ -162,9 +173,42 @@ bool Ui::SetRecord(const OwnedButton& record) {
   if (bar_ == nullptr || found == request_.records.end()) {
     return false;
   }
-  found->second = record;
+  const OwnedButton before = std::exchange(found->second, record);
   Refresh();
+  if (before.text != record.text || before.tool_tip != record.tool_tip) {
+    TranslateBubble(before, record);
+  }
+  if (list_ != nullptr && (before.text != record.text || record.key == list_opener_)) {
+    list_timer_.start(0);
+  }
   return true;
+}
+
+void Ui::WatchScreens() {
+  const auto watch = [this](QScreen* screen) {
+    QObject::connect(screen, &QScreen::geometryChanged, &clock_timer_, [this] { FollowScreens(); });
+  };
+  for (QScreen* screen : QGuiApplication::screens()) {
+    watch(screen);
+  }
+  QObject::connect(qApp, &QGuiApplication::screenAdded, &clock_timer_,
+                   [this, watch](QScreen* screen) {
+                     watch(screen);
+                     FollowScreens();
+                   });
+  QObject::connect(qApp, &QGuiApplication::screenRemoved, &clock_timer_,
+                   [this] { FollowScreens(); });
+}
+
+void Ui::FollowScreens() {
+  if (bar_ != nullptr) {
+    CloseList();
+    CloseBubble();
+  }
+  if (bar_ != nullptr) {  // the plug-in was told of the list's closing
+    bar_->SetHome(DisplayArea(request_.display));
+    PlaceSketchBar();
+  }
 }
 
 void Ui::SetDuration(std::uint64_t seconds) {
@@ -208,6 +252,10 @@ BarWindow* Ui::BarWith(EventKey key) const {
 }
 
 std::optional<QRect> Ui::AreaOf(EventKey key) const {
+  if (list_ != nullptr && SpecOf(key) == nullptr &&
+      vellomar_widgets::WindowOf(list_opener_) == key) {
+    return ToPixels(list_->geometry());
+  }
   const BarWindow* bar = BarWith(key);
   if (bar == nullptr) {
     return std::nullopt;

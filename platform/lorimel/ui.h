@@ -16,6 +16,7 @@
 #include <set>
 #include <vector>
 
+#include "accessible.h"
 #include "bar_window.h"
 #include "bubble.h"
 #include "catalog.h"
@@ -25,7 +26,7 @@ namespace lorimel_qt {
 
 struct BarRequest {
   QString title;
-  QRect area;
+  QRect display;  // in pixels, as given
   VELLOMAR_LORIMEL::CreatedCallback* on_created = nullptr;
   VELLOMAR_LORIMEL::ClosedCallback* on_closed = nullptr;
   Records records;
@@ -70,7 +71,7 @@ class Ui {
 
   const vellomar_widgets::OwnedButton* Record(VELLOMAR_LORIMEL::EventKey key) const;
   // Of the open drop-down window; null where there is none.
-  const std::vector<vellomar_widgets::OwnedButton>* Rows() const;
+  const Rows* ListRows() const;
   bool IsBarVisible() const { return bar_ != nullptr && bar_->isVisible(); }
   // Those on the screen, from the lowest to the topmost.
   std::vector<QWidget*> Windows() const;
@@ -84,18 +85,29 @@ class Ui {
   void Refresh();
   void UpdateClock();
   void PlaceSketchBar();
+  // The screens have changed.
+  void FollowScreens();
+  void WatchScreens();
   bool CanUse(VELLOMAR_LORIMEL::EventKey key) const;
   // Dragging the bar, and the confirmation of a question.
   bool PressOutsideButtons(VELLOMAR_LORIMEL::EventKey key);
 
   // Pop-up windows.
-  std::vector<vellomar_widgets::OwnedButton> AskForRows(VELLOMAR_LORIMEL::EventKey opener);
-  std::vector<vellomar_widgets::OwnedButton> PaletteRows() const;
-  void ShowList(VELLOMAR_LORIMEL::EventKey opener, std::vector<vellomar_widgets::OwnedButton> rows);
+  Rows AskForRows(VELLOMAR_LORIMEL::EventKey opener);
+  Rows PaletteRows() const;
+  void ShowList(VELLOMAR_LORIMEL::EventKey opener, Rows rows);
+  // The texts of the open list may have changed with those of the buttons.
+  void RefreshList();
+  void FollowList();
+  // The user leaves a list or a question with the keyboard.
+  void BackToBar(VELLOMAR_LORIMEL::EventKey opener);
   void ToggleList(VELLOMAR_LORIMEL::EventKey opener);
   void ReportInfoExpanded(bool expanded);
   void MarkPicked(ListWindow& list, std::size_t row, const vellomar_widgets::OwnedButton& picked);
+  void PutBubble();
   void FollowBubble();
+  void TranslateBubble(const vellomar_widgets::OwnedButton& before,
+                       const vellomar_widgets::OwnedButton& after);
   void CloseBubble();
 
   // Calls of the plug-in.
@@ -106,6 +118,7 @@ class Ui {
   // Takes the window out of the registry and deletes it as soon as nobody is in it.
   void Discard(QWidget* window);
 
+  const AccessibilityFactory accessibility_;  // outlives the windows
   VELLOMAR_LORIMEL::EventCallback* on_event_ = nullptr;
   VELLOMAR_LORIMEL::ShowWindowCallback* on_show_window_ = nullptr;
   int callback_depth_ = 0;
@@ -120,12 +133,14 @@ class Ui {
   Bubble* bubble_ = nullptr;
   bool bubble_asks_ = false;
   VELLOMAR_LORIMEL::EventKey bubble_button_ = VELLOMAR_LORIMEL::EventKey::GroupHeader;
-  QRect bubble_at_;          // the button that it points at
+  QRect bubble_at_;  // the button that it points at
+  BubbleContent bubble_content_;
   std::set<void*> handles_;  // of windows that the plug-in may ask about
 
   std::optional<std::uint64_t> duration_;  // in seconds, when `since_duration_` was started
   QElapsedTimer since_duration_;
   QTimer clock_timer_;
+  QTimer list_timer_;  // gathers the changes of many records
 };
 
 }  // namespace lorimel_qt

@@ -2,7 +2,9 @@
 // The Ui's pop-up windows: drop-down windows and bubbles.
 #include <utility>
 
+#include "names.h"
 #include "screen.h"
+#include "style.h"
 #include "ui.h"
 #include "user_action.h"
 
@@ -12,7 +14,7 @@ namespace {
 using VELLOMAR_LORIMEL::EventKey;
 using vellomar_widgets::OwnedButton;
 
-constexpr int kScreenMargin = 8;
+constexpr QMargins kMargins(8, 8, 8, 8);  // between a list and the edge of the screen
 
 bool IsOnSketchBar(EventKey key) {
   return key >= EventKey::SketchSelect && key <= EventKey::SketchClear;
@@ -25,8 +27,8 @@ EventKey WindowFor(EventKey opener) {
 
 }  // namespace
 
-std::vector<OwnedButton> Ui::PaletteRows() const {
-  std::vector<OwnedButton> rows;
+Rows Ui::PaletteRows() const {
+  Rows rows;
   const OwnedButton* button = Record(EventKey::SketchColor);
   for (int key = static_cast<int>(EventKey::SketchColorNone);
        key <= static_cast<int>(EventKey::SketchColor4); ++key) {
@@ -39,7 +41,7 @@ std::vector<OwnedButton> Ui::PaletteRows() const {
   return rows;
 }
 
-std::vector<OwnedButton> Ui::AskForRows(EventKey opener) {
+Rows Ui::AskForRows(EventKey opener) {
   if (opener == EventKey::SketchColor) {
     return PaletteRows();
   }
@@ -73,7 +75,7 @@ int Ui::Open(EventKey opener) {
   }
   const unsigned generation = generation_;
   CloseList();
-  std::vector<OwnedButton> rows;
+  Rows rows;
   if (generation == generation_) {
     rows = AskForRows(opener);
   }
@@ -87,19 +89,63 @@ int Ui::Open(EventKey opener) {
   return count;
 }
 
-void Ui::ShowList(EventKey opener, std::vector<OwnedButton> rows) {
+void Ui::ShowList(EventKey opener, Rows rows) {
   CloseBubble();
-  list_ = new ListWindow(std::move(rows));
+  BarWindow* bar = BarWith(opener);
+  const bool by_key = bar->IsOpenerFocused(opener) && bar->isActiveWindow();
+  list_ = new ListWindow(std::move(rows),
+                         {.name = NameOf(*Record(opener)), .direction = bar->layoutDirection()});
   list_opener_ = opener;
   list_->on_pick = [this](std::size_t row) { Pick(row); };
   list_->on_dismiss = [this] { CloseList(); };
-  const QMargins margins(kScreenMargin, kScreenMargin, kScreenMargin, kScreenMargin);
-  const BarWindow* bar = BarWith(opener);
-  list_->ShowAt(bar->OpenerArea(opener), bar->geometry(), request_.area - margins);
+  list_->on_escape = [this, opener] {
+    CloseList();
+    BackToBar(opener);
+  };
+  list_->ShowAt(bar->OpenerArea(opener), bar->geometry(), bar->Area() - kMargins);
+  bar->SetOpen(opener);
+  if (by_key) {
+    list_->FocusFirstRow();
+  }
   const unsigned generation = generation_;
   ReportCreated(*list_, false);
   if (opener == EventKey::InfoText && generation == generation_) {
     ReportInfoExpanded(true);
+  }
+}
+
+void Ui::BackToBar(EventKey opener) {
+  if (BarWindow* bar = BarWith(opener); bar != nullptr) {
+    bar->FocusOpener(opener);
+  }
+}
+
+// Stays with a button that moves.
+void Ui::FollowList() {
+  const BarWindow* bar = list_ != nullptr ? BarWith(list_opener_) : nullptr;
+  if (bar != nullptr) {
+    list_->MoveTo(bar->OpenerArea(list_opener_), bar->geometry(), bar->Area() - kMargins);
+  }
+}
+
+void Ui::RefreshList() {
+  if (list_ == nullptr) {
+    return;
+  }
+  const EventKey opener = list_opener_;
+  const ListWindow* const list = list_;
+  if (!CanUse(opener)) {
+    CloseList();
+    return;
+  }
+  Rows rows = AskForRows(opener);
+  if (list_ != list) {
+    return;  // the plug-in has closed it meanwhile
+  }
+  if (rows.empty()) {
+    CloseList();
+  } else {
+    list_->SetRows(std::move(rows));
   }
 }
 
@@ -121,6 +167,11 @@ void Ui::CloseList() {
   void* const handle = list_;
   const unsigned generation = generation_;
   Discard(std::exchange(list_, nullptr));
+  for (BarWindow* bar : {bar_, sketch_bar_}) {
+    if (bar != nullptr) {
+      bar->SetOpen(EventKey::GroupHeader);
+    }
+  }
   // A button that is "on" while its window is open goes off with it, however the window closed.
   const ButtonSpec* spec = SpecOf(opener);
   const auto record = request_.records.find(opener);
@@ -144,16 +195,21 @@ bool Ui::CloseSketchList() {
 }
 
 bool Ui::Pick(std::size_t row) {
-  if (list_ == nullptr || row >= list_->Rows().size() ||
-      !vellomar_widgets::CanPress(list_->Rows()[row])) {
+  if (list_ == nullptr || row >= list_->AllRows().size() ||
+      !vellomar_widgets::CanPress(list_->AllRows()[row])) {
     return false;
   }
   const unsigned generation = generation_;
-  OwnedButton picked = vellomar_widgets::AfterPick(list_->Rows(), row);
+  OwnedButton picked = vellomar_widgets::AfterPick(list_->AllRows(), row);
   if (StaysOpenAfterPick(picked.key)) {
     MarkPicked(*list_, row, picked);
   } else {
+    const bool by_key = list_->isActiveWindow() && list_->View().IsCurrentByKey();
+    const EventKey opener = list_opener_;
     CloseList();
+    if (by_key) {
+      BackToBar(opener);
+    }
   }
   if (generation == generation_) {
     Report(picked);
@@ -162,7 +218,7 @@ bool Ui::Pick(std::size_t row) {
 }
 
 void Ui::MarkPicked(ListWindow& list, std::size_t row, const OwnedButton& picked) {
-  std::vector<OwnedButton> rows = list.Rows();
+  Rows rows = list.AllRows();
   rows[row] = picked;
   for (OwnedButton& other : rows) {
     if (other.key == picked.key) {
@@ -172,8 +228,8 @@ void Ui::MarkPicked(ListWindow& list, std::size_t row, const OwnedButton& picked
   list.View().SetRows(std::move(rows));
 }
 
-const std::vector<OwnedButton>* Ui::Rows() const {
-  return list_ != nullptr ? &list_->Rows() : nullptr;
+const Rows* Ui::ListRows() const {
+  return list_ != nullptr ? &list_->AllRows() : nullptr;
 }
 
 bool Ui::ShowBubble(EventKey key, const BubbleContent& content, const QRect& button_pixels) {
@@ -181,10 +237,6 @@ bool Ui::ShowBubble(EventKey key, const BubbleContent& content, const QRect& but
     return false;
   }
   CloseBubble();
-  bubble_ = new Bubble(content);
-  bubble_asks_ = content.is_question;
-  bubble_->on_closed = [this] { CloseBubble(); };
-  bubble_->on_confirm = [this] { Press(EventKey::LeaveSubRoom); };
   const BarWindow* bar = BarWith(key);
   if (bar != nullptr) {
     bubble_at_ = *bar->AreaOf(key);
@@ -192,8 +244,39 @@ bool Ui::ShowBubble(EventKey key, const BubbleContent& content, const QRect& but
     bubble_at_ = button_pixels.isEmpty() ? bar_->geometry() : ToLogical(button_pixels);
   }
   bubble_button_ = bar != nullptr ? key : EventKey::GroupHeader;
-  bubble_->ShowAt(bubble_at_, request_.area);
+  bubble_content_ = content;
+  PutBubble();
   return true;
+}
+
+void Ui::PutBubble() {
+  bubble_ = new Bubble(bubble_content_);
+  bubble_asks_ = bubble_content_.is_question;
+  const EventKey key = bubble_button_;
+  bubble_->on_closed = [this] { CloseBubble(); };
+  bubble_->on_confirm = [this] { Press(EventKey::LeaveSubRoom); };
+  bubble_->on_escape = [this, key] {
+    CloseBubble();
+    BackToBar(key);
+  };
+  bubble_->ShowAt(bubble_at_, bar_->Area());
+}
+
+// A bubble that says what its button says goes on doing so in another language.
+void Ui::TranslateBubble(const OwnedButton& before, const OwnedButton& after) {
+  if (bubble_ == nullptr || bubble_button_ != after.key) {
+    return;
+  }
+  for (const auto& [old_text, new_text] :
+       {std::pair(before.text, after.text), std::pair(before.tool_tip, after.tool_tip)}) {
+    if (old_text != new_text && !new_text.empty() &&
+        bubble_content_.text == style::Message(old_text)) {
+      bubble_content_.text = style::Message(new_text);
+      Discard(std::exchange(bubble_, nullptr));
+      PutBubble();
+      return;
+    }
+  }
 }
 
 // Stays with a button that moves, goes with a button that goes.
@@ -206,7 +289,7 @@ void Ui::FollowBubble() {
     CloseBubble();
   } else if (const QRect area = *bar->AreaOf(bubble_button_); area != bubble_at_) {
     bubble_at_ = area;
-    bubble_->ShowAt(area, request_.area);
+    bubble_->ShowAt(area, bar_->Area());
   }
 }
 

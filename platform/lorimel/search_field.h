@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// The field above many participants that narrows them down to those with a name like it.
+//
+//     auto* search = new SearchField(list);
+//     QObject::connect(search, &QLineEdit::textChanged, ...);
+#pragma once
+
+#include <QLineEdit>
+
+namespace lorimel_qt {
+
+class SearchField : public QLineEdit {
+ public:
+  explicit SearchField(QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace lorimel_qt

@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+// What assistive technology is told: names, roles, states, actions; and that everything is
+// readable.
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QPushButton>
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "qt_session.h"
+
+namespace {
+
+using testing::Contains;
+
+class QtAccessibilityTest : public QtSession {
+ protected:
+  static QAccessibleInterface* Of(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget);
+  }
+  static QAccessible::State StateOf(const QString& name) { return Of(Named(name))->state(); }
+
+  // All that is below and can be seen.
+  static void Collect(QAccessibleInterface& from, std::vector<QAccessibleInterface*>& into) {
+    for (int i = 0; i < from.childCount(); ++i) {
+      QAccessibleInterface* child = from.child(i);
+      if (child != nullptr && !child->state().invisible) {
+        into.push_back(child);
+        Collect(*child, into);
+      }
+    }
+  }
+  static std::vector<QAccessibleInterface*> Below(QWidget& window) {
+    std::vector<QAccessibleInterface*> all;
+    Collect(*Of(&window), all);
+    return all;
+  }
+
+  static double Luminance(QRgb colour) {
+    const auto linear = [](int part) {
+      const double s = part / 255.0;
+      return s <= 0.04045 ? s / 12.92 : std::pow((s + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) +
+           0.0722 * linear(qBlue(colour));
+  }
+
+  // The contrast between what there is most of and what differs most from it; edges are blended, so
+  // a few pixels have to have it.
+  static double Contrast(const QImage& image) {
+    constexpr int kEnough = 12;
+    std::map<QRgb, int> count;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        ++count[image.pixel(x, y)];
+      }
+    }
+    const auto most =
+        std::max_element(count.begin(), count.end(),
+                         [](const auto& a, const auto& b) { return a.second < b.second; });
+    std::vector<double> ratios;
+    for (const auto& [colour, times] : count) {
+      const double one = Luminance(colour);
+      const double other = Luminance(most->first);
+      const double dark = std::min(one, other);
+      const double light = std::max(one, other);
+      ratios.insert(ratios.end(), static_cast<std::size_t>(times), (light + 0.05) / (dark + 0.05));
+    }
+    std::sort(ratios.rbegin(), ratios.rend());
+    return ratios.size() > kEnough ? ratios[kEnough] : 1.0;
+  }
+
+  // The picture is twice the size of what it shows, with a margin around.
+  static QImage Part(const QImage& picture, const QRect& area, const QRect& windows) {
+    constexpr int kMargin = 24;
+    const QPoint at = (area.topLeft() - windows.topLeft() + QPoint(kMargin, kMargin)) * 2;
+    return picture.copy(QRect(at, area.size() * 2));
+  }
+};
+
+TEST_F(QtAccessibilityTest, EveryControlHasANameAndARole) {
+  ShowBar({.language = "zh"});
+  Send("setButtonVisible", {{"key", "SharingOptions"}, {"visible", true}});
+  Send("setNetworkStrength", {{"sta", 3}});
+  Send("showSketchControlbar", {{"show", true}});
+  Send("setUnderControl", {{"status", 1}, {"userId", "u"}, {"displayName", "n"}});
+  int controls = 0;
+  for (QWidget* window : {BarWidget(), Named("颜色")->window()}) {
+    EXPECT_EQ(Of(window)->role(), QAccessible::ToolBar);
+    for (QAccessibleInterface* item : Below(*window)) {
+      if (item->childCount() == 0) {
+        ++controls;
+        EXPECT_FALSE(item->text(QAccessible::Name).isEmpty());
+        EXPECT_NE(item->role(), QAccessible::Client) << item->text(QAccessible::Name).toStdString();
+        EXPECT_TRUE(window->geometry().contains(item->rect()));
+      }
+    }
+  }
+  EXPECT_GE(controls, 30);
+}
+
+TEST_F(QtAccessibilityTest, StatesFollowTheRecords) {
+  ShowBar();
+  EXPECT_TRUE(StateOf("Audio").checked);
+  Send("setAudioStatus", {{"status", 0}});
+  EXPECT_FALSE(StateOf("Audio").checked) << "muted";
+  EXPECT_FALSE(StateOf("Audio").disabled);
+  Send("setAudioStatus", {{"status", 2}});
+  EXPECT_TRUE(StateOf("Audio").disabled) << "there is none";
+  Send("setSketchLoading", {{"loading", true}});
+  EXPECT_TRUE(StateOf("Annotate").busy);
+  EXPECT_TRUE(StateOf("Annotate").disabled);
+  EXPECT_EQ(Of(Named("Chat"))->text(QAccessible::Value), "7");
+
+  EXPECT_TRUE(StateOf("More").hasPopup);
+  EXPECT_FALSE(StateOf("More").expanded);
+  Of(Named("More"))->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+  Settle();
+  EXPECT_TRUE(StateOf("More").expanded);
+}
+
+TEST_F(QtAccessibilityTest, RowsHaveNamesRolesAndStates) {
+  ShowBar();
+  Send("setHostControlInfo", {{"selectedSecurityLevel", 3},
+                              {"enableNeedMoveToLobby", true},
+                              {"needMoveToLobby", true},
+                              {"showShareAccess", false},
+                              {"onlyHostCanReshare", 1},
+                              {"onlyHostCanShare", 0},
+                              {"reserved", 0},
+                              {"entryOnMuted", false},
+                              {"showEnableOpenMicBySelf", true},
+                              {"enableUseEnableOpenMicBySelf", false},
+                              {"enableOpenMicBySelf", true}});
+  ASSERT_EQ(Open(1004), 15);
+  QWidget* list = Window("Host Controls");
+  ASSERT_NE(list, nullptr);
+  EXPECT_EQ(Of(list)->role(), QAccessible::PopupMenu);
+  std::map<QString, QAccessibleInterface*> rows;
+  for (QAccessibleInterface* item : Below(*list)) {
+    rows[item->text(QAccessible::Name)] = item;
+  }
+  EXPECT_EQ(rows.at("Who can join")->role(), QAccessible::StaticText);
+  EXPECT_EQ(rows.at("Signed-in users")->role(), QAccessible::RadioButton);
+  EXPECT_FALSE(rows.at("Signed-in users")->state().checked);
+  EXPECT_TRUE(rows.at("Members of my organisation")->state().checked);
+  EXPECT_EQ(rows.at("Newcomers wait in the lobby")->role(), QAccessible::CheckBox);
+  EXPECT_TRUE(rows.at("Newcomers wait in the lobby")->state().checked);
+  EXPECT_TRUE(rows.at("Participants can unmute themselves")->state().disabled);
+  EXPECT_EQ(rows.count("Only the host can share"), 0u) << "not offered";
+
+  Forget();
+  rows.at("Mute All")->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  Settle();
+  EXPECT_THAT(Told(), Contains("muteAll"));
+}
+
+TEST_F(QtAccessibilityTest, TextsAndIconsStandOut) {
+  ShowBar();
+  Send("setNetworkStrength", {{"sta", 1}});
+  Send("setAudioStatus", {{"status", 2}});
+  Send("setUnderControl", {{"status", 1}, {"userId", "u"}, {"displayName", "n"}});
+  Send("setSharingStatus", {{"pause", true}, {"sta", 1}});
+  const QImage picture = Picture("contrast-bar");
+  for (QAccessibleInterface* item : Below(*BarWidget())) {
+    if (item->childCount() == 0) {
+      EXPECT_GE(Contrast(Part(picture, item->rect(), BarWidget()->geometry())), 4.5)
+          << item->text(QAccessible::Name).toStdString();
+    }
+  }
+  ASSERT_GT(Open(1004), 0);
+  QWidget* list = Window("Host Controls");
+  const QImage rows = Picture("contrast-list");
+  for (QAccessibleInterface* item : Below(*list)) {
+    if (item->role() != QAccessible::Separator && item->childCount() == 0) {
+      EXPECT_GE(Contrast(Part(rows, item->rect(), BarWidget()->geometry() | list->geometry())), 4.5)
+          << item->role() << item->text(QAccessible::Name).toStdString();
+    }
+  }
+}
+
+TEST_F(QtAccessibilityTest, TheMouseTakesNothingAwayFromTheContrast) {
+  ShowBar();
+  QWidget* stop = Named("Stop");
+  stop->setAttribute(Qt::WA_UnderMouse);
+  EXPECT_GE(Contrast(Grab(*stop)), 4.5);
+  stop->setAttribute(Qt::WA_UnderMouse, false);
+  EnterSubRoom();
+  ASSERT_TRUE(session.driver()->press(1014));
+  Settle();
+  QWidget* confirm = Window("Leave this room?")->findChild<QPushButton*>();
+  EXPECT_GE(Contrast(Grab(*confirm)), 4.5);
+}
+
+}  // namespace

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+// Drop-down windows and bubbles: what they show, where they are, and what they tell the host.
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <filesystem>
+
+#include "qt_session.h"
+
+namespace {
+
+using testing::Contains;
+using testing::Not;
+
+class QtListTest : public QtSession {
+ protected:
+  static QWidget* List() { return Window("Remote Control"); }
+
+  // The middle of the row of this text, which is scrolled into view where needed.
+  QPoint RowCenter(const std::string& text) {
+    QAccessibleInterface* rows = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
+    for (int i = 0; i < rows->childCount(); ++i) {
+      if (rows->child(i)->text(QAccessible::Name).toStdString() == text) {
+        return rows->child(i)->rect().center();
+      }
+    }
+    ADD_FAILURE() << text;
+    return {};
+  }
+};
+
+TEST_F(QtListTest, ManyParticipantsCanBeSearched) {
+  ShowBar();
+  SendParticipants(8);
+  ASSERT_EQ(Open(1006), 9);
+  EXPECT_EQ(List()->findChild<QLineEdit*>(), nullptr);
+  session.driver()->closeList();
+
+  SendParticipants(9);
+  ASSERT_EQ(Open(1006), 10);
+  auto* search = List()->findChild<QLineEdit*>();
+  ASSERT_NE(search, nullptr);
+  Settle();
+  Type("0007");
+  EXPECT_EQ(search->text(), "0007") << "what is typed on the rows goes there";
+  Key(Qt::Key_Down);
+  Forget();
+  Picture("list-search");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(LastPayload("remoteControlGrant")["participant"]["displayName"], "Person 1000007");
+}
+
+TEST_F(QtListTest, AMeetingOfTenThousandFitsOnTheScreen) {
+  ShowBar();
+  SendParticipants(10'000);
+  ASSERT_EQ(Open(1006), 10'001);
+  EXPECT_TRUE(QRect(0, 0, 1920, 1080).contains(List()->geometry()));
+  Key(Qt::Key_End);
+  EXPECT_EQ(FocusedRow(), "Person 1009999");
+  EXPECT_TRUE(List()->geometry().contains(RowCenter("Person 1009999")));
+  Picture("list-long");
+}
+
+TEST_F(QtListTest, ParticipantsShowTheirPictures) {
+  std::filesystem::create_directories(VELLOMAR_PICTURES);
+  const std::string path = std::string(VELLOMAR_PICTURES) + "/avatar.png";
+  QImage avatar(90, 60, QImage::Format_RGB32);
+  avatar.fill(QColor(0, 200, 120));
+  ASSERT_TRUE(avatar.save(QString::fromStdString(path)));
+  ShowBar();
+  SendParticipants(12, path);
+  ASSERT_EQ(Open(1006), 13);
+  Settle();
+  QImage shown = Grab(*List());
+  int picture = 0;
+  for (int y = 0; y < shown.height(); ++y) {
+    for (int x = 0; x < shown.width(); ++x) {
+      picture += shown.pixelColor(x, y) == QColor(0, 200, 120) ? 1 : 0;
+    }
+  }
+  EXPECT_NEAR(picture, 3.14 * 11 * 11, 60) << "one of the twelve, round";
+  Picture("list-avatars");
+}
+
+TEST_F(QtListTest, AnOpenListFollowsTheLanguage) {
+  ShowBar();
+  ASSERT_GT(Open(1008), 0);
+  LorimelButton row{};
+  ASSERT_TRUE(session.driver()->row(0, &row));
+  EXPECT_STREQ(row.text, "Subtitles");
+  SendTexts("de");
+  ASSERT_TRUE(session.driver()->row(0, &row));
+  EXPECT_STREQ(row.text, "Untertitel");
+  SendTexts("ar");
+  ASSERT_TRUE(session.driver()->row(0, &row));
+  const QWidget* list = QApplication::focusWidget()->window();
+  EXPECT_EQ(list->layoutDirection(), Qt::RightToLeft);
+  EXPECT_EQ(list->geometry().right(), Area(1008).right()) << "below the button's other end";
+  Picture("list-more-ar");
+  Send("setHostType", {{"type", 0}});
+  session.driver()->closeList();
+  ASSERT_GE(Open(1008), 0);
+}
+
+TEST_F(QtListTest, AListGoesWithItsButton) {
+  ShowBar();
+  ASSERT_GT(Open(1004), 0);
+  Send("setHostType", {{"type", 0}});
+  EXPECT_EQ(session.driver()->rowCount(), 0) << "a participant has no host controls";
+}
+
+TEST_F(QtListTest, TheHostIsToldOfTheRealWindow) {
+  ShowBar();
+  Forget();
+  Click(Center(*Named("Host Controls")));
+  const json told = LastPayload("popupCreated");
+  const QWidget* list = Window("Host Controls");
+  ASSERT_NE(list, nullptr);
+  EXPECT_EQ(told["windowId"].get<std::uint64_t>(), list->internalWinId());
+  EXPECT_EQ(told["position"]["y"], list->y());
+  EXPECT_EQ(Area(1065), list->geometry());
+  Click(Center(*Named("Host Controls")));
+  EXPECT_EQ(Window("Host Controls"), nullptr);
+  EXPECT_FALSE(IsShown(1065));
+  EXPECT_THAT(Told(), Not(Contains("controlbarClosed")));
+}
+
+TEST_F(QtListTest, SketchListsShowIcons) {
+  ShowBar();
+  Send("showSketchControlbar", {{"show", true}});
+  for (const int key : {1045, 1046}) {
+    ASSERT_GT(Open(key), 0);
+    Settle();
+    QWidget* list = QApplication::focusWidget()->window();
+    EXPECT_TRUE(QRect(0, 0, 1920, 1080).contains(list->geometry()));
+    Picture("list-" + std::to_string(key));
+  }
+  Send("setMeetingSubType", {{"type", 3}});
+  Send("showSketchControlbar", {{"show", true}});
+  ASSERT_EQ(Open(1048), 3);
+  Picture("list-1048");
+}
+
+TEST_F(QtListTest, TipsTakeTheirArguments) {
+  ShowBar();
+  const json tip = {{"key", "MuteAudio"}, {"text", "You are muted"}, {"b", 1}, {"bHigh", 0}};
+  const auto show = [&](bool stays, bool warns) {
+    json arguments = tip;
+    arguments["a"] = stays;
+    arguments["c"] = warns;
+    Send("showButtonTip", arguments);
+  };
+  show(true, true);
+  ASSERT_NE(Window("You are muted"), nullptr);
+  EXPECT_GT(Window("You are muted")->y(), Area(1001).bottom() - 1);
+  Picture("tip-warning");
+  const QWidget* close = Named("Close");
+  ASSERT_NE(close, nullptr) << "it stays, so it can be closed";
+  Click(Center(*close));
+  EXPECT_EQ(Window("You are muted"), nullptr);
+
+  show(false, false);
+  EXPECT_EQ(Named("Close"), nullptr);
+  EXPECT_TRUE(session.loop().RunUntil(
+      [this] {
+        session.driver()->pump(1);
+        return Window("You are muted") == nullptr;
+      },
+      vellomar_host::EventLoop::Clock::now() + std::chrono::seconds(30)))
+      << "after a millisecond, as was asked for";
+}
+
+TEST_F(QtListTest, ATipThatSaysWhatTheButtonSaysIsTranslated) {
+  ShowBar();
+  Send("showButtonTip",
+       {{"key", "Chat"}, {"text", "Chat"}, {"a", true}, {"b", 0}, {"bHigh", 0}, {"c", false}});
+  ASSERT_NE(Window("Chat"), nullptr);
+  SendTexts("ar");
+  EXPECT_EQ(Window("Chat"), nullptr);
+  EXPECT_NE(Window(QString::fromUtf8("الدردشة")), nullptr);
+}
+
+TEST_F(QtListTest, ChatMessagesShowThePersonAndAreShortened) {
+  ShowBar();
+  std::string message;
+  for (int i = 0; i < 60; ++i) {
+    message += "All work and no play ";
+  }
+  Send("showChatMessageTip", {{"userId", "u1"},
+                              {"instanceId", "i"},
+                              {"number", 1},
+                              {"senderName", "Mara Lind"},
+                              {"message", message}});
+  const QWidget* bubble = Window("Mara Lind");
+  ASSERT_NE(bubble, nullptr);
+  EXPECT_LT(bubble->height(), 250);
+  EXPECT_TRUE(QRect(0, 0, 1920, 1080).contains(bubble->geometry()));
+  EXPECT_NE(Named("Mara Lind"), nullptr) << "the avatar";
+  Picture("chat-long");
+}
+
+TEST_F(QtListTest, TheInfoTextHasTwoTips) {
+  ShowBar();
+  QWidget* details = Named("Meeting details");
+  ASSERT_NE(details, nullptr);
+  EXPECT_TRUE(details->toolTip().contains("Meeting details"));
+  EXPECT_TRUE(Named("Meeting 482 913 770")->toolTip().contains("You are sharing your screen"));
+  SendTexts("de");
+  EXPECT_NE(Named(QString::fromUtf8("Angaben zur Besprechung")), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "qt_session.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QWindow>
+#include <filesystem>
+
+#include "host/scenario.h"
+#include "host/tables.h"
+
+using VELLOMAR_LORIMEL::EventKey;
+using VELLOMAR_LORIMEL::Lorimel;
+
+namespace {
+
+// Whatever display there is. Before the library is loaded, which makes the application.
+const bool kOffscreen =
+    !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qputenv("QT_QPA_PLATFORM", "offscreen");
+
+}  // namespace
+
+vellomar_host::EventLoop::Clock::time_point QtSession::Deadline() {
+  return vellomar_host::EventLoop::Clock::now() + std::chrono::seconds(30);
+}
+
+void QtSession::ShowBar(const BarOptions& options) {
+  ASSERT_TRUE(kOffscreen);
+  Send("setMeetingSubType", {{"type", 1}});
+  SendTexts(options.language);
+  Send("setHostType", {{"type", 1}});
+  Send("setMeetingNumber", {{"number", "482 913 770"}});
+  Send("setSketchVisible", {{"visible", true}});
+  Send("setParticipantsCount", {{"count", 128}});
+  Send("setChatMessageCount", {{"count", 7}});
+  Send("setMeetingDuration", {{"seconds", "754"}});
+  Send("setWindowTitle", {{"title", "Quarterly figures"}});
+  Send("setControlBarSimplifyEnable", {{"enable", options.simplified}});
+  const json display = {{"x", options.display.x()},
+                        {"y", options.display.y()},
+                        {"width", options.display.width()},
+                        {"height", options.display.height()}};
+  ASSERT_EQ(Send("showSharedControlbar", {{"display", display}}), json({{"result", true}}));
+  BarWidget()->activateWindow();
+  Settle();
+}
+
+QtSession::json QtSession::Send(const char* name, const json& arguments) {
+  json answer = session.Send(*vellomar_host::FindCommand(name), arguments);
+  Settle();
+  return answer;
+}
+
+void QtSession::SendTexts(const std::string& language) {
+  json arguments = {{"ids", json::array()}, {"texts", json::array()}};
+  const json texts = json::parse(vellomar_host::ReadFile(std::filesystem::path(VELLOMAR_SCENARIOS) /
+                                                         "texts" / (language + ".json")));
+  for (const auto& [id, text] : texts.items()) {
+    arguments["ids"].push_back(std::stoll(id));
+    arguments["texts"].push_back(text);
+  }
+  Send("setTextMap", arguments);
+}
+
+void QtSession::SendParticipants(int count, const std::string& avatar) {
+  json participants = json::array();
+  for (int i = 0; i < count; ++i) {
+    const std::string number = std::to_string(1'000'000 + i);
+    participants.push_back({{"userId", "u" + number},
+                            {"instanceId", "i"},
+                            {"number", i},
+                            {"displayName", "Person " + number},
+                            {"room", ""},
+                            {"avatarKey", ""},
+                            {"avatarPath", i == 0 ? avatar : ""},
+                            {"flag", true}});
+  }
+  Send("updateParticipants", {{"participants", participants}});
+  Send("setRemoteControlEnabled", {{"enable", true}});
+}
+
+void QtSession::EnterSubRoom() {
+  Send("setHostType", {{"type", 0}});
+  Send("enterMeetingSubRoom", {{"roomId", "r1"}, {"roomName", "Group 2"}});
+}
+
+void QtSession::Settle() {
+  EXPECT_TRUE(session.loop().RunUntilIdle(Deadline()));
+  session.driver()->pump(0);
+  session.driver()->pump(0);  // what a timer of 0 ms has done shows
+}
+
+bool QtSession::IsShown(int key) {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+  return Lorimel::GetInstance()->GetPositionByEventKey(static_cast<EventKey>(key), x, y, width,
+                                                       height);
+}
+
+QRect QtSession::Area(int key) {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+  EXPECT_TRUE(Lorimel::GetInstance()->GetPositionByEventKey(static_cast<EventKey>(key), x, y, width,
+                                                            height))
+      << key;
+  return {x, y, width, height};
+}
+
+std::map<int, QRect> QtSession::ShownButtons() {
+  std::map<int, QRect> shown;
+  for (int key = 1000; key <= 1091; ++key) {
+    if (IsShown(key)) {
+      shown[key] = Area(key);
+    }
+  }
+  return shown;
+}
+
+namespace {
+
+bool g_held = false;  // the left button
+int g_time = 0;       // in milliseconds
+
+QWindow* WindowAt(const QPoint& global) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->geometry().contains(global) && !window->isHidden()) {
+      return window->windowHandle();
+    }
+  }
+  return nullptr;
+}
+
+void Mouse(QEvent::Type type, QWindow& window, const QPoint& global) {
+  const bool moves = type == QEvent::MouseMove;
+  g_held = type == QEvent::MouseButtonPress || (moves && g_held);
+  qt_handleMouseEvent(&window, window.mapFromGlobal(global), global,
+                      g_held ? Qt::LeftButton : Qt::NoButton, moves ? Qt::NoButton : Qt::LeftButton,
+                      type, Qt::NoModifier, ++g_time);
+  QCoreApplication::processEvents();
+}
+
+}  // namespace
+
+int QtSession::Open(int key) {
+  const int rows = session.driver()->open(key);
+  Settle();
+  return rows;
+}
+
+void QtSession::Click(const QPoint& global) {
+  QWindow* window = WindowAt(global);
+  ASSERT_NE(window, nullptr);
+  Mouse(QEvent::MouseMove, *window, global);
+  Mouse(QEvent::MouseButtonPress, *window, global);
+  Mouse(QEvent::MouseButtonRelease, *window, global);
+  Settle();
+}
+
+void QtSession::Drag(const QPoint& from, const QPoint& to) {
+  constexpr int kSteps = 8;
+  QWindow* window = WindowAt(from);
+  ASSERT_NE(window, nullptr);
+  Mouse(QEvent::MouseButtonPress, *window, from);
+  for (int step = 1; step <= kSteps; ++step) {
+    Mouse(QEvent::MouseMove, *window, from + (to - from) * step / kSteps);
+  }
+  Mouse(QEvent::MouseButtonRelease, *window, to);
+  Settle();
+}
+
+void QtSession::Key(Qt::Key key) {
+  ASSERT_NE(QGuiApplication::focusWindow(), nullptr);
+  QTest::keyClick(QGuiApplication::focusWindow(), key);
+  Settle();
+}
+
+void QtSession::Type(const char* text) {
+  for (; *text != '\0'; ++text) {
+    QTest::keyClick(QGuiApplication::focusWindow(), *text);
+  }
+  Settle();
+}
+
+void QtSession::TabTo(const QString& name) {
+  constexpr int kMost = 60;
+  for (int i = 0; i < kMost && FocusName() != name; ++i) {
+    Key(Qt::Key_Tab);
+  }
+  ASSERT_EQ(FocusName(), name);
+}
+
+QWidget* QtSession::Window(const QString& name) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() &&
+        (window->windowTitle() == name || window->accessibleName() == name)) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+QWidget* QtSession::Named(const QString& name) {
+  QWidget* elsewhere = nullptr;
+  for (QWidget* widget : QApplication::allWidgets()) {
+    if (widget->isVisible() && !widget->isWindow() && widget->accessibleName() == name) {
+      if (widget->window() == BarWidget()) {
+        return widget;
+      }
+      elsewhere = widget;
+    }
+  }
+  return elsewhere;
+}
+
+QString QtSession::FocusName() {
+  const QWidget* focus = QApplication::focusWidget();
+  return focus != nullptr ? focus->accessibleName() : QString();
+}
+
+QString QtSession::FocusedRow() {
+  QWidget* focus = QApplication::focusWidget();
+  QAccessibleInterface* list =
+      focus != nullptr ? QAccessible::queryAccessibleInterface(focus) : nullptr;
+  QAccessibleInterface* row = list != nullptr ? list->focusChild() : nullptr;
+  return row != nullptr ? row->text(QAccessible::Name) : QString();
+}
+
+QImage QtSession::Grab(QWidget& widget) {
+  return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+std::vector<std::string> QtSession::Told() const {
+  std::vector<std::string> names;
+  for (std::size_t i = forgotten_; i < session.notifications().size(); ++i) {
+    names.emplace_back(session.notifications()[i].notification->name);
+  }
+  return names;
+}
+
+QtSession::json QtSession::LastPayload(const std::string& name) const {
+  const auto& all = session.notifications();
+  const auto found = std::find_if(all.rbegin(), all.rend(), [&name](const auto& notification) {
+    return notification.notification->name == name;
+  });
+  EXPECT_NE(found, all.rend()) << name;
+  return found != all.rend() ? found->payload : json();
+}
+
+QImage QtSession::Picture(const std::string& name) {
+  const std::filesystem::path path = std::filesystem::path(VELLOMAR_PICTURES) / (name + ".png");
+  std::filesystem::create_directories(path.parent_path());
+  std::filesystem::remove(path);
+  EXPECT_TRUE(session.driver()->screenshot(path.string().c_str()));
+  return QImage(QString::fromStdString(path.string()));
+}

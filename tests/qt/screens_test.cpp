@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// Screens side by side, at whatever scale factor the environment sets: windows stay on the screen
+// that they are on, positions are told in its pixels, pictures are as sharp as it is.
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QScreen>
+#include <cmath>
+
+#include "qt_session.h"
+
+namespace {
+
+using testing::Contains;
+using testing::Not;
+
+class QtScreensTest : public QtSession {
+ protected:
+  void SetUp() override {
+    VELLOMAR_LORIMEL::Lorimel::GetInstance();
+  }  // there are screens from now on
+
+  // The screen's origin is the same in pixels and in Qt's units.
+  static QRect Pixels(const QScreen& screen) {
+    return {screen.geometry().topLeft(), screen.geometry().size() * screen.devicePixelRatio()};
+  }
+  static QRect PixelsOf(const QWidget& window) {
+    const QPoint origin = window.screen()->geometry().topLeft();
+    const double ratio = window.devicePixelRatio();
+    return {origin + (window.pos() - origin) * ratio, window.size() * ratio};
+  }
+  // Where the bar is dragged by: left of the first button.
+  static QPoint Handle() { return BarWidget()->geometry().topLeft() + QPoint(2, 40); }
+};
+
+TEST_F(QtScreensTest, WindowsStayOnEveryScreen) {
+  ASSERT_GE(QGuiApplication::screens().size(), 2);
+  for (const QScreen* screen : QGuiApplication::screens()) {
+    const QRect pixels = Pixels(*screen);
+    ShowBar({.display = pixels});
+    EXPECT_EQ(BarWidget()->screen(), screen);
+    EXPECT_TRUE(pixels.contains(Area(1000)));
+    EXPECT_NEAR(Area(1000).center().x(), pixels.center().x(), 3);
+    EXPECT_EQ(Area(1000), PixelsOf(*BarWidget()));
+    for (const auto& [key, area] : ShownButtons()) {
+      EXPECT_TRUE(pixels.contains(area)) << key;
+    }
+    for (const int key : {1004, 1008}) {
+      ASSERT_GT(Open(key), 0);
+      const json told = LastPayload("popupCreated")["position"];
+      const QRect list(told["x"], told["y"], told["width"], told["height"]);
+      EXPECT_TRUE(pixels.contains(list)) << key;
+      EXPECT_EQ(list, PixelsOf(*QApplication::focusWidget()->window()));
+    }
+    session.driver()->closeList();
+    CloseBar();
+  }
+}
+
+TEST_F(QtScreensTest, TheBarIsDraggedInsideItsScreenAndTheHostIsTold) {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  ShowBar({.display = Pixels(*screen)});
+  const QPoint start = BarWidget()->pos();
+  Forget();
+  Drag(Handle(), Handle() + QPoint(-20, 100));
+  EXPECT_EQ(BarWidget()->pos(), start + QPoint(-20, 100));
+  EXPECT_THAT(Told(), Not(Contains("widgetMoving"))) << "nobody has asked for it";
+
+  Send("setRegWidgetMovingEvent", {{"enable", true}});
+  Drag(Handle(), Handle() + QPoint(0, -50));
+  EXPECT_THAT(Told(), Contains("widgetMoving").Times(2)) << "at its start and at its end";
+  Drag(Handle(), Handle() + QPoint(0, 5'000));
+  EXPECT_EQ(BarWidget()->geometry().bottom(), screen->geometry().bottom());
+  EXPECT_TRUE(Pixels(*screen).contains(Area(1000)));
+  ASSERT_GT(Open(1004), 0);
+  EXPECT_LT(QApplication::focusWidget()->window()->geometry().bottom(), BarWidget()->y())
+      << "there is more room above";
+  session.driver()->closeList();
+
+  const QPoint dropped = BarWidget()->pos();
+  const QPoint on_a_button = Center(*Named("Chat"));
+  Forget();
+  Drag(on_a_button, on_a_button + QPoint(0, -60));
+  EXPECT_EQ(BarWidget()->pos(), dropped) << "a button is no handle";
+  EXPECT_THAT(Told(), Not(Contains("chat"))) << "and was left before it was released";
+}
+
+TEST_F(QtScreensTest, TheBarIsDraggedToAnotherScreen) {
+  const QScreen* first = QGuiApplication::screens().at(0);
+  const QScreen* second = QGuiApplication::screens().at(1);
+  ShowBar({.display = Pixels(*first)});
+  Drag(Handle(), second->geometry().topLeft() + QPoint(30, 200));
+  EXPECT_TRUE(second->geometry().contains(BarWidget()->geometry()));
+  EXPECT_TRUE(Pixels(*second).contains(Area(1000)));
+  ASSERT_GT(Open(1008), 0);
+  EXPECT_TRUE(second->geometry().contains(QApplication::focusWidget()->window()->geometry()));
+  Send("showSketchControlbar", {{"show", true}});
+  EXPECT_TRUE(Pixels(*second).contains(Area(1045)));
+}
+
+TEST_F(QtScreensTest, PicturesAreAsSharpAsTheScreen) {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  ShowBar({.display = Pixels(*screen)});
+  QWidget* chat = Named("Chat");
+  const QImage shown = Grab(*chat);
+  const double ratio = screen->devicePixelRatio();
+  EXPECT_EQ(shown.size(), (QSizeF(chat->size()) * ratio).toSize());
+  if (ratio < 2) {
+    GTEST_SKIP() << "nothing is enlarged";
+  }
+  // What was drawn small and enlarged would survive being made small and enlarged again.
+  const QImage blurred = shown.scaled(chat->size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                             .scaled(shown.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  int differ = 0;
+  for (int y = 0; y < shown.height(); ++y) {
+    for (int x = 0; x < shown.width(); ++x) {
+      differ += std::abs(qGray(shown.pixel(x, y)) - qGray(blurred.pixel(x, y))) > 40 ? 1 : 0;
+    }
+  }
+  EXPECT_GT(differ, 50);
+}
+
+}  // namespace
