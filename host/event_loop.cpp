@@ -254,6 +254,12 @@ void EventLoop::Wake() {
   waiting->wake();
 }
 
+std::optional<EventLoop::Clock::time_point> EventLoop::NextDue() const {
+  const std::lock_guard lock(mutex_);
+  if (timed_.empty()) return std::nullopt;
+  return timed_.begin()->first.first;
+}
+
 bool EventLoop::HasPosted() const {
   const std::lock_guard lock(mutex_);
   return !posted_.empty();

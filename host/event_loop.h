@@ -19,6 +19,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -68,6 +69,12 @@ class EventLoop {
   bool RunUntil(const std::function<bool()>& predicate, Clock::time_point deadline);
   // Until nothing is posted and nothing waits in the pump; delayed tasks and timers do not count.
   bool RunUntilIdle(Clock::time_point deadline);
+  // For a thread that belongs to another loop: runs what is due and returns; `wake` of the waiting
+  // says when there is more, and NextDue when a delayed task or a timer is due.
+  void RunTurn() { RunReady(); }
+  std::optional<Clock::time_point> NextDue() const;
+  bool HasPosted() const;
+
   // Forgets all tasks, timers and observers: for before the code behind them is unloaded.
   void Clear();
 
@@ -94,7 +101,6 @@ class EventLoop {
   void CallObservers();
   void Wait(Milliseconds longest);
   void Wake();
-  bool HasPosted() const;
 
   const std::thread::id thread_ = std::this_thread::get_id();
   std::atomic<bool> quit_ = false;

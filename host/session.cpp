@@ -30,18 +30,22 @@ std::uint64_t Join(std::uint32_t low, std::uint32_t high) {
 
 Session* Session::current_ = nullptr;
 
-Session::Session(const SessionFiles& files, ParticipantAnswers answers, Transcript& transcript)
+Session::Session(const SessionFiles& files, ParticipantAnswers answers, Transcript& transcript,
+                 LogSink on_log)
     : transcript_(transcript),
       answers_(std::move(answers)),
       widgets_(files.widgets),
-      plugin_(files.plugin) {
+      plugin_(files.plugin),
+      on_log_(std::move(on_log)) {
   if (current_ != nullptr) throw HostError("a session is running already");
   if (auto* get_driver = widgets_.Find<LorimelGetDriverFunction>("LorimelGetDriver")) {
     driver_ = get_driver();
     driver_->observe(OnWidgetCall, this);
+    driver_->observeUser(OnUserAction, this);
     loop_.SetWaiting({driver_->pump, driver_->wake});
   }
   current_ = this;
+  ObserveLog();
   InitArguments arguments{
       .request = OnRequest, .notify = OnNotify, .host = this, .loop = loop_.Table()};
   if (!files.log.empty()) {
@@ -69,9 +73,28 @@ Session::~Session() {
   loop_.Clear();
   if (driver_ != nullptr) {
     driver_->observe(nullptr, nullptr);
+    driver_->observeUser(nullptr, nullptr);
     loop_.ResetWaiting();
   }
+  if (observe_log_ != nullptr) observe_log_(nullptr, nullptr);
   current_ = nullptr;
+}
+
+// Loading a library by its file name alone gives the one that the plug-in has brought along.
+void Session::ObserveLog() {
+  if (!on_log_) return;
+  try {
+    log_library_.emplace(VELLOMAR_LOG_LIBRARY);
+  } catch (const HostError&) {
+    return;  // it has another name: observes_log() says so
+  }
+  observe_log_ = log_library_->Find<VellomarLogObserveFunction>("VellomarLogObserve");
+  if (observe_log_ != nullptr) observe_log_(OnLogLine, this);
+}
+
+void Session::OnLogLine(void* context, const char* module, int level, const char* text) {
+  static_cast<Session*>(context)->on_log_(
+      {std::chrono::steady_clock::now(), std::this_thread::get_id(), module, level, text});
 }
 
 void Session::CloseBar() {
@@ -162,6 +185,19 @@ void Session::OnWidgetCall(void* context, const char* member, const LorimelButto
   } else {
     session->transcript_.Write("push", KeyName(record->key),
                                {{"text", record->text}, {"status", record->status}});
+  }
+}
+
+// In the words of the steps that do the same, so that a transcript reads alike for both.
+void Session::OnUserAction(void* context, const char* action, std::int32_t key, const char* value) {
+  Transcript& transcript = static_cast<Session*>(context)->transcript_;
+  const std::string_view done = action;
+  if (done == "closeList") {
+    transcript.Write("close", "list");
+  } else if (done == "closeBar") {
+    transcript.Write("close", "bar");
+  } else {
+    transcript.Write(done, KeyName(key), value != nullptr ? json(value) : json());
   }
 }
 

@@ -21,9 +21,11 @@
 
 #include "host/event_loop.h"
 #include "host/library.h"
+#include "host/log_lines.h"
 #include "host/plugin.h"
 #include "host/tables.h"
 #include "host/transcript.h"
+#include "vellomar/log_observer.h"
 #include "vellomar/lorimel_driver.h"
 
 namespace vellomar_host {
@@ -44,7 +46,9 @@ class Session {
   // What the host answers to the request for a participant, by user id; 0 for others.
   using ParticipantAnswers = std::map<std::string, std::int64_t>;
 
-  Session(const SessionFiles& files, ParticipantAnswers answers, Transcript& transcript);
+  // `on_log` is given the plug-in's log lines, where the log library lets itself be observed.
+  Session(const SessionFiles& files, ParticipantAnswers answers, Transcript& transcript,
+          LogSink on_log = {});
   // Closes the bar where it is still shown, stops the plug-in and runs what is still posted.
   ~Session();
   Session(const Session&) = delete;
@@ -61,21 +65,28 @@ class Session {
   void RespondAvatar(const std::string& key, const std::string& path);
   void Drop(const Command& command);
 
+  void SetParticipantAnswers(ParticipantAnswers answers) { answers_ = std::move(answers); }
+
   EventLoop& loop() { return loop_; }
   // Null where the widget library has none.
   const LorimelDriver* driver() const { return driver_; }
   const std::vector<ReceivedNotification>& notifications() const { return notifications_; }
   bool bar_exists() const { return bar_exists_; }
+  // Whether on_log is told: it was given, and the log library exports VellomarLogObserve.
+  bool observes_log() const { return observe_log_ != nullptr; }
 
  private:
   static void OnNotify(const char* sender, std::uint32_t id_low, std::uint32_t id_high,
                        void* payload);
   static void OnRequest(const char* sender, std::uint32_t id_low, std::uint32_t id_high,
                         void* record);
+  static void OnUserAction(void* context, const char* action, std::int32_t key, const char* value);
+  static void OnLogLine(void* context, const char* module, int level, const char* text);
   static void OnWidgetCall(void* context, const char* member, const LorimelButton* record);
   void Receive(std::uint64_t id, const void* payload);
   void Keep(std::uint64_t id, ReceivedNotification received);
   void CloseBar();
+  void ObserveLog();
 
   static Session* current_;
 
@@ -86,6 +97,9 @@ class Session {
   // this one whatever the search path holds.
   SharedLibrary widgets_;
   Plugin plugin_;
+  LogSink on_log_;
+  std::optional<SharedLibrary> log_library_;
+  VellomarLogObserveFunction* observe_log_ = nullptr;
   const LorimelDriver* driver_ = nullptr;
   std::vector<ReceivedNotification> notifications_;
   bool bar_exists_ = false;

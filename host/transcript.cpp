@@ -8,22 +8,39 @@
 
 namespace vellomar_host {
 
+namespace {
+
+std::string AsText(const TranscriptEntry& entry) {
+  const auto ms = entry.when.count();
+  if (entry.details.empty()) return fmt::format("{:>7}  {:<7} {}", ms, entry.kind, entry.subject);
+  return fmt::format("{:>7}  {:<7} {:<26} {}", ms, entry.kind, entry.subject,
+                     ToLine(entry.details));
+}
+
+std::string AsJson(const TranscriptEntry& entry) {
+  const nlohmann::ordered_json line = {{"ms", entry.when.count()},
+                                       {"kind", entry.kind},
+                                       {"subject", entry.subject},
+                                       {"details", entry.details}};
+  return line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+}  // namespace
+
+Transcript::Transcript(std::ostream& out, Form form) {
+  if (form == Form::kNone) return;
+  sink_ = [&out, form](const TranscriptEntry& entry) {
+    out << (form == Form::kText ? AsText(entry) : AsJson(entry)) << '\n';
+    out.flush();
+  };
+}
+
 void Transcript::Write(std::string_view kind, std::string_view subject,
                        const nlohmann::json& details) {
-  using std::chrono::milliseconds;
-  if (form_ == Form::kNone) return;
+  if (!sink_) return;
   const auto elapsed = std::chrono::steady_clock::now() - begin_;
-  const auto ms = std::chrono::duration_cast<milliseconds>(elapsed).count();
-  if (form_ == Form::kJsonLines) {
-    const nlohmann::ordered_json line = {
-        {"ms", ms}, {"kind", kind}, {"subject", subject}, {"details", details}};
-    out_ << line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
-  } else if (details.empty()) {
-    out_ << fmt::format("{:>7}  {:<7} {}\n", ms, kind, subject);
-  } else {
-    out_ << fmt::format("{:>7}  {:<7} {:<26} {}\n", ms, kind, subject, ToLine(details));
-  }
-  out_.flush();
+  sink_({std::chrono::duration_cast<std::chrono::milliseconds>(elapsed), std::string(kind),
+         std::string(subject), details});
 }
 
 }  // namespace vellomar_host

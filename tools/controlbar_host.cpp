@@ -15,20 +15,25 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "host/player.h"
 #include "host/scenario.h"
 #include "host/tables.h"
+#include "host/trace_file.h"
 #include "host/transcript.h"
+#include "tools/libraries.h"
 #include "tools/platform.h"
 #include "tools/reference.h"
 
 namespace {
 
 using std::filesystem::path;
+using vellomar_tools::FindLibrary;
+using vellomar_tools::Flavour;
+using vellomar_tools::kOnlyHeadless;
 
 enum ExitStatus { kOk = 0, kExpectationFailed = 1, kCannotRun = 2 };
 
@@ -38,6 +43,7 @@ struct PlayArguments {
   std::string plugin;
   std::string lorimel;
   std::string log;
+  std::string trace;
   std::string out = ".";
   bool quiet = false;
   bool json = false;
@@ -88,41 +94,25 @@ int PrintNotifications(bool markdown) {
   return kOk;
 }
 
-// Where there is one build of the widget library it lies beside the plug-in, screen or not.
-constexpr bool kOnlyHeadless = std::string_view(VELLOMAR_DEFAULT_WIDGETS) == "headless";
-
-// The library in the build folder or where it is installed, relative to the program. Where there is
-// none, the first place, for the error that loading it gives.
-path FindLibrary(const char* name, bool headless) {
-  const path bin = vellomar_tools::ExecutableFolder();
-  const auto file = fmt::format("{}{}{}", VELLOMAR_LIBRARY_PREFIX, name, VELLOMAR_LIBRARY_SUFFIX);
-  std::vector<path> places;
-  for (const path& folder : {bin / "../lib", bin / ".." / VELLOMAR_INSTALL_LIBDIR, bin}) {
-    if (headless && !kOnlyHeadless) {
-      places.push_back(folder / "headless" / file);
-      places.push_back(folder / "vellomar/headless" / file);
-    } else {
-      places.push_back(folder / file);
-    }
-  }
-  for (const path& place : places) {
-    if (std::filesystem::exists(place)) return std::filesystem::canonical(place);
-  }
-  return places.front().lexically_normal();
-}
-
 int Play(const PlayArguments& arguments) {
   using vellomar_host::Transcript;
   const auto scenario = vellomar_host::LoadScenario(arguments.scenario);
   vellomar_host::PlayOptions options;
   options.files.plugin =
-      arguments.plugin.empty() ? FindLibrary("vellomar-controlbar", false) : path(arguments.plugin);
-  options.files.widgets = arguments.lorimel.empty()
-                              ? FindLibrary("vellomar-lorimel", arguments.widgets == "headless")
-                              : path(arguments.lorimel);
+      arguments.plugin.empty() ? FindLibrary("vellomar-controlbar") : path(arguments.plugin);
+  options.files.widgets =
+      arguments.lorimel.empty()
+          ? FindLibrary("vellomar-lorimel",
+                        arguments.widgets == "headless" ? Flavour::kHeadless : Flavour::kPlain)
+          : path(arguments.lorimel);
   options.files.log = arguments.log;
   options.out = arguments.out;
   options.has_display = vellomar_tools::HasDisplay();
+  std::optional<vellomar_host::TraceFile> trace;
+  if (!arguments.trace.empty()) {
+    trace.emplace(arguments.trace);
+    options.on_log = [&trace](const vellomar_host::LogLine& line) { trace->Write(line); };
+  }
   Transcript transcript(std::cout, arguments.quiet  ? Transcript::Form::kNone
                                    : arguments.json ? Transcript::Form::kJsonLines
                                                     : Transcript::Form::kText);
@@ -140,6 +130,8 @@ void DescribePlay(CLI::App& play, PlayArguments& arguments) {
   play.add_option("--plugin", arguments.plugin, "path of the plug-in");
   play.add_option("--lorimel", arguments.lorimel, "path of the widget library");
   play.add_option("--log", arguments.log, "file for the plug-in's log (default: no log)");
+  play.add_option("--trace", arguments.trace,
+                  "file for the plug-in's trace scopes, for trace viewers (default: none)");
   play.add_option("--out", arguments.out, "folder for screenshots")->capture_default_str();
   auto* quiet = play.add_flag("--quiet", arguments.quiet, "print no transcript");
   play.add_flag("--json", arguments.json, "print the transcript as JSON, an object a line")

@@ -47,6 +47,12 @@ typedef struct LorimelButton {
  * (else null). [loop thread] */
 typedef void LorimelObserver(void* context, const char* member, const LorimelButton* record);
 
+/* Told of what the user does with mouse and keyboard, before the plug-in is told: in the driver's own
+ * words "press", "open", "pick", "closeList" or "closeBar", the key, and for "pick" the value text of
+ * the row (else null). What the driver does is not told. [UI thread] */
+typedef void LorimelUserObserver(void* context, const char* action, int32_t key,
+                                 const char* valueText);
+
 typedef struct LorimelDriver {
   const char* name; /* "qt" or "headless" */
 
@@ -57,6 +63,7 @@ typedef struct LorimelDriver {
 
   /* One observer at most; null removes it. */
   void (*observe)(LorimelObserver* observer, void* context);
+  void (*observeUser)(LorimelUserObserver* observer, void* context);
 
   /* Presses the button. False where a user could not: no bar, hidden, disabled, unknown. The button
    * turns its "on" bit first where it is one that toggles, as the library does for a user. */

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "vellomar/log.h"
+#include "vellomar/log_observer.h"
 
 namespace {
 
@@ -39,6 +40,14 @@ struct LogState {
 
 // Not a function's static: it has to outlive the objects of the libraries that log.
 LogState state;
+
+struct Observation {
+  std::mutex mutex;  // held during the call, so that an observer that was removed is left alone
+  VellomarLogObserver* observer = nullptr;
+  void* context = nullptr;
+};
+
+Observation observation;
 
 std::string_view OrEmpty(const char* text) {
   return text != nullptr ? text : "";
@@ -145,8 +154,21 @@ int CreateVellomarLogger(std::uint32_t kind, const char* first, const char* seco
   return opened ? 1 : 0;
 }
 
+void VellomarLogObserve(VellomarLogObserver* observer, void* context) {
+  const std::lock_guard lock(observation.mutex);
+  observation.observer = observer;
+  observation.context = context;
+}
+
 void VellomarLogWrite(const char* module, int level, const char* text) {
   WithoutThrowing([=] {
+    {
+      const std::lock_guard lock(observation.mutex);
+      if (observation.observer != nullptr) {
+        observation.observer(observation.context, OrEmpty(module).data(), level,
+                             OrEmpty(text).data());
+      }
+    }
     std::shared_ptr<spdlog::logger> logger;
     {
       const std::lock_guard lock(state.mutex);

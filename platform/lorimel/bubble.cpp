@@ -166,7 +166,11 @@ void Bubble::AddClose(const BubbleContent& content, QBoxLayout& row) {
     QObject::connect(close, &QPushButton::clicked, this, [this] { on_closed(); });
     row.addWidget(close, 0, Qt::AlignTop);
   } else {
-    QTimer::singleShot(content.time.life_ms, this, [this] { on_closed(); });
+    // Owned: one that the event dispatcher keeps would outlive the library, and its code.
+    auto* timer = new QTimer(this);
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, this, [this] { on_closed(); });
+    timer->start(content.time.life_ms);
   }
 }
 

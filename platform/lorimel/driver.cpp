@@ -17,6 +17,8 @@ using vellomar_widgets::OwnedButton;
 
 LorimelObserver* g_observer = nullptr;
 void* g_observer_context = nullptr;
+LorimelUserObserver* g_user_observer = nullptr;
+void* g_user_observer_context = nullptr;
 
 bool Press(std::int32_t key) {
   Ui* ui = CurrentUi("press");
@@ -94,6 +96,7 @@ constexpr LorimelDriver kDriver = {
     .pump = Pump,
     .wake = WakePump,
     .observe = SetObserver,
+    .observeUser = SetUserObserver,
     .press = Press,
     .open = Open,
     .pick = Pick,
@@ -111,6 +114,17 @@ constexpr LorimelDriver kDriver = {
 void SetObserver(LorimelObserver* observer, void* context) {
   g_observer = observer;
   g_observer_context = context;
+}
+
+void SetUserObserver(LorimelUserObserver* observer, void* context) {
+  g_user_observer = observer;
+  g_user_observer_context = context;
+}
+
+void ObserveUser(const char* action, EventKey key, const char* value_text) {
+  if (g_user_observer != nullptr) {
+    g_user_observer(g_user_observer_context, action, static_cast<std::int32_t>(key), value_text);
+  }
 }
 
 void Observe(const char* member, const OwnedButton* record) {

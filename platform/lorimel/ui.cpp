@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "observer.h"
 #include "screen.h"
 #include "user_action.h"
 
@@ -49,9 +50,16 @@ Ui::~Ui() {
 BarWindow* Ui::MakeBar(std::span<const ButtonSpec> specs, BarWindow::Kind kind) {
   auto* bar = new BarWindow(specs, DisplayArea(request_.display), kind);
   bar->on_escape = [this] { CloseBubble(); };
-  bar->on_press = [this](EventKey key) { Press(key); };
+  bar->on_press = [this](EventKey key) {
+    if (CanUse(key) && (SpecOf(key) != nullptr || key == EventKey::InfoText)) {
+      ObserveUser("press", key);
+      Press(key);
+    }
+  };
   bar->on_expand = [this](EventKey key) {
     if (CanUse(key)) {
+      const bool closes = list_ != nullptr && list_opener_ == key;
+      ObserveUser(closes ? "closeList" : "open", key);
       ToggleList(key);
     }
   };
@@ -70,15 +78,25 @@ bool Ui::Create(BarRequest request) {
   bar_->on_drag_start = [this] {
     CloseList();
     CloseBubble();
-    Press(EventKey::WidgetMoving);
+    ReportMoving();
   };
   // The host asks for the position when it is told: at the end it is the one that lasts.
-  bar_->on_drag_end = [this] { Press(EventKey::WidgetMoving); };
+  bar_->on_drag_end = [this] { ReportMoving(); };
   bar_->on_moved = [this] { PlaceSketchBar(); };
-  bar_->on_close = [this] { Close(); };
+  bar_->on_close = [this] {
+    ObserveUser("closeBar", EventKey::MainWindow);
+    Close();
+  };
   bar_->SetRecords(request_.records, mode_);
   ReportCreated(*bar_, true);
   return true;
+}
+
+void Ui::ReportMoving() {
+  if (IsBarVisible()) {
+    ObserveUser("press", EventKey::WidgetMoving);
+    Press(EventKey::WidgetMoving);
+  }
 }
 
 bool Ui::Show(void* handle, bool show) {

@@ -113,6 +113,7 @@ class Ui {
   // Calls of the plug-in.
   void Report(vellomar_widgets::OwnedButton event);
   void ReportCreated(QWidget& window, bool is_main);
+  void ReportMoving();
   void ReportClosed(VELLOMAR_LORIMEL::ClosedCallback* callback, void* handle);
 
   // Takes the window out of the registry and deletes it as soon as nobody is in it.

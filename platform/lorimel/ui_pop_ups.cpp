@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "names.h"
+#include "observer.h"
 #include "screen.h"
 #include "style.h"
 #include "ui.h"
@@ -96,9 +97,18 @@ void Ui::ShowList(EventKey opener, Rows rows) {
   list_ = new ListWindow(std::move(rows),
                          {.name = NameOf(*Record(opener)), .direction = bar->layoutDirection()});
   list_opener_ = opener;
-  list_->on_pick = [this](std::size_t row) { Pick(row); };
-  list_->on_dismiss = [this] { CloseList(); };
+  list_->on_pick = [this](std::size_t row) {
+    if (const OwnedButton& chosen = list_->AllRows()[row]; vellomar_widgets::CanPress(chosen)) {
+      ObserveUser("pick", chosen.key, chosen.value_text.c_str());
+      Pick(row);
+    }
+  };
+  list_->on_dismiss = [this] {
+    ObserveUser("closeList", list_opener_);
+    CloseList();
+  };
   list_->on_escape = [this, opener] {
+    ObserveUser("closeList", opener);
     CloseList();
     BackToBar(opener);
   };
@@ -254,7 +264,12 @@ void Ui::PutBubble() {
   bubble_asks_ = bubble_content_.is_question;
   const EventKey key = bubble_button_;
   bubble_->on_closed = [this] { CloseBubble(); };
-  bubble_->on_confirm = [this] { Press(EventKey::LeaveSubRoom); };
+  bubble_->on_confirm = [this] {
+    if (bubble_asks_) {
+      ObserveUser("press", EventKey::LeaveSubRoom);
+      Press(EventKey::LeaveSubRoom);
+    }
+  };
   bubble_->on_escape = [this, key] {
     CloseBubble();
     BackToBar(key);

@@ -70,6 +70,7 @@ constexpr LorimelDriver kDriver = {
     .wake = Wake,
     .observe = [](LorimelObserver* observer,
                   void* context) { TheHeadless().Observe(observer, context); },
+    .observeUser = [](LorimelUserObserver*, void*) {},  // nobody has a mouse here
     .press = [](std::int32_t key) { return TheHeadless().Press(EventKey{key}); },
     .open = [](std::int32_t key) { return TheHeadless().Open(EventKey{key}); },
     .pick = [](std::int32_t key,

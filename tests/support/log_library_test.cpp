@@ -14,6 +14,7 @@
 #include "host/library.h"
 #include "support/this_process.h"
 #include "vellomar/log.h"
+#include "vellomar/log_observer.h"
 
 namespace {
 
@@ -36,6 +37,7 @@ class LogLibraryTest : public testing::Test {
     library_.emplace(VELLOMAR_LOG_PATH);
     open_ = library_->Resolve<decltype(CreateVellomarLogger)>("CreateVellomarLogger");
     write = library_->Resolve<decltype(VellomarLogWrite)>("VellomarLogWrite");
+    observe = library_->Resolve<VellomarLogObserveFunction>("VellomarLogObserve");
   }
 
   void Unload() { library_.reset(); }
@@ -60,6 +62,7 @@ class LogLibraryTest : public testing::Test {
   }
 
   decltype(&VellomarLogWrite) write = nullptr;
+  VellomarLogObserveFunction* observe = nullptr;
   // The tests of several builds may run at once.
   const path folder_ = path(testing::TempDir()) / ("vellomar-log-" + ProcessName());
 
@@ -164,6 +167,21 @@ TEST_F(LogLibraryTest, LinesOfSeveralThreadsStayWhole) {
   }
   EXPECT_THAT(Lines(file),
               testing::AllOf(testing::SizeIs(600), testing::Each(EndsWith(" info whole"))));
+}
+
+TEST_F(LogLibraryTest, TheObserverSeesEveryLineUntilItIsRemoved) {
+  std::vector<std::string> seen;
+  const auto observer = [](void* context, const char* module, int level, const char* text) {
+    static_cast<std::vector<std::string>*>(context)->push_back(std::string(module) + " " +
+                                                               std::to_string(level) + " " + text);
+  };
+  observe(observer, &seen);
+  write("m", 3, "before the log is open");
+  ASSERT_EQ(Open(3, nullptr, "off"), 1);
+  write(nullptr, 4, nullptr);
+  observe(nullptr, nullptr);
+  write("m", 3, "unseen");
+  EXPECT_THAT(seen, ElementsAre("m 3 before the log is open", " 4 "));
 }
 
 TEST_F(LogLibraryTest, OpensAnewAndLeavesTheProcessWithItsLastUser) {
