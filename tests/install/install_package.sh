@@ -34,6 +34,12 @@ echo '-- the installed tool'
 "$prefix/bin/controlbar-host" play --widgets headless --out "$scratch" --quiet \
   "$prefix/share/vellomar-controlbar/scenarios/first-share.json"
 
+if [ -x "$prefix/bin/controlbar-workbench" ]; then
+  echo '-- the installed workbench and its presets'
+  QT_QPA_PLATFORM=offscreen "$prefix/bin/controlbar-workbench" --preset sub-room --language de \
+    --settings "$scratch/workbench.ini" --screenshot "$scratch/workbench.png"
+fi
+
 echo '-- no path of the build folder in what is installed'
 if grep -rl --include='*.so' --include='*.cmake' --include='*.pc' -e "$build/lib" "$prefix"; then
   echo 'these name the build folder' >&2

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// The plug-in in Qt's loop: commands run, the log comes, builds are exchanged, and what a user does
+// with the mouse is recorded and can be played elsewhere.
+#include "tools/workbench/bench.h"
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QProcess>
+#include <QTest>
+#include <fstream>
+
+#include "tests/workbench/bench_fixture.h"
+#include "vellomar/log.h"
+
+namespace vellomar_workbench {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::Optional;
+
+QWidget* FindOnBar(const QString& label) {
+  for (QWidget* widget : QApplication::allWidgets()) {
+    if (widget->accessibleName() == label && widget->isVisible()) return widget;
+  }
+  return nullptr;
+}
+
+TEST_F(BenchTest, CommandsRunInQtsLoopAndTheRecordsFollow) {
+  ShowBar();
+  Send("setAudioStatus", {{"status", 0}});
+  EXPECT_TRUE(Until([&] { return Cell(1001, ButtonModel::kStatus) == "32 muted"; }));
+  EXPECT_EQ(Cell(1001, ButtonModel::kText), "Audio");
+  EXPECT_TRUE(bench.buttons().HasMarks());
+  EXPECT_EQ(Send("setAudioStatus", {{"status", "loud"}}).value_or("").substr(0, 14),
+            "setAudioStatus");
+}
+
+TEST_F(BenchTest, DelayedTasksAndTimersOfTheHostsLoopRun) {
+  int ticks = 0;
+  bool late = false;
+  auto& loop = bench.session()->loop();
+  const auto timer = loop.StartTimer(std::chrono::milliseconds(1), [&] { ++ticks; });
+  loop.PostDelayed(std::chrono::milliseconds(5), [&] { late = true; });
+  EXPECT_TRUE(Until([&] { return ticks >= 3 && late; }));
+  loop.Cancel(timer);
+}
+
+TEST_F(BenchTest, TheLogComesFromTheFirstLineOn) {
+  ASSERT_TRUE(bench.observes_log());
+  bench.Refresh();
+  ASSERT_GT(bench.log().rowCount(), 0);
+  EXPECT_EQ(bench.log().index(0, LogModel::kText).data(Qt::ToolTipRole), "ExportedInit");
+  bench.Unload();
+  const int last = bench.log().rowCount() - 1;
+  EXPECT_EQ(bench.log().index(last, LogModel::kText).data(Qt::ToolTipRole), "ExportedUninit");
+}
+
+TEST_F(BenchTest, ABuildThatCannotBeLoadedLeavesTheOneThatIsThere) {
+  ShowBar();
+  EXPECT_THAT(bench.Load("/no/such/plugin.so"), Optional(HasSubstr("cannot load \"/no/such")));
+  const auto no_library = Scratch("text.so");
+  std::ofstream(no_library) << "no library";
+  EXPECT_THAT(bench.Load(no_library), Optional(HasSubstr("text.so")));
+  EXPECT_THAT(bench.Load(VELLOMAR_LORIMEL_PATH), Optional(HasSubstr("does not export")));
+  EXPECT_TRUE(bench.bar_exists());
+  EXPECT_EQ(bench.plugin(), VELLOMAR_PLUGIN_PATH);
+}
+
+TEST_F(BenchTest, AnotherBuildTakesThePlaceOfTheFirst) {
+  ShowBar();
+  const auto copy = Scratch("libvellomar-controlbar-other.so");
+  std::filesystem::copy_file(VELLOMAR_PLUGIN_PATH, copy);
+  ASSERT_EQ(bench.Load(copy), std::nullopt);
+  EXPECT_FALSE(bench.bar_exists());
+  EXPECT_EQ(bench.recorder().size(), 0u);
+  ShowBar();
+  EXPECT_EQ(Cell(1014, ButtonModel::kText), "Leave");
+  bench.Unload();
+  EXPECT_EQ(Cell(1014, ButtonModel::kText), "");
+  EXPECT_EQ(Send("setHostType", {{"type", 1}}), "no plug-in is loaded");
+}
+
+TEST_F(BenchTest, AnotherLanguageKeepsTheStateOfTheMeeting) {
+  ShowBar();
+  Send("setAudioStatus", {{"status", 2}});
+  Send("setAudioStatus", {{"status", 0}});
+  Send("setButtonVisible", {{"key", "Chat"}, {"visible", false}});
+  Send("setButtonVisible", {{"key", "Reaction"}, {"visible", false}});
+  Send("setParticipantsCount", {{"count", 12}});
+  ASSERT_EQ(bench.SendTexts(ReadTexts(VELLOMAR_SCENARIOS, "de")), std::nullopt);
+  EXPECT_TRUE(Until([&] { return Cell(1003, ButtonModel::kText) == "Teilnehmer (12)"; }));
+  EXPECT_EQ(Cell(1001, ButtonModel::kStatus), "32 muted");
+  EXPECT_EQ(Cell(1007, ButtonModel::kStatus), "2 hidden");
+  EXPECT_EQ(Cell(1010, ButtonModel::kStatus), "2 hidden");
+}
+
+TEST_F(BenchTest, WhatTheMouseDoesIsRecordedAndPlaysInTheOtherTool) {
+  bench.recorder().SetWithResults(true);
+  ShowBar();
+  QWidget* const chat = FindOnBar("Chat");
+  ASSERT_NE(chat, nullptr);
+  QTest::mouseClick(chat, Qt::LeftButton);
+  QWidget* const leave = FindOnBar("Leave");
+  ASSERT_NE(leave, nullptr);
+  QTest::mouseClick(leave, Qt::LeftButton);
+  const std::string text = bench.recorder().Scenario("mouse");
+  EXPECT_THAT(text, HasSubstr("{\"press\":\"Chat\"},\n"));
+  EXPECT_THAT(text, HasSubstr("{\"notification\":\"leaveMeeting\"}"));
+  const auto file = Scratch("mouse.json");
+  std::ofstream(file) << text;
+  for (const char* widgets : {"headless", "qt"}) {
+    QProcess host;
+    host.start(VELLOMAR_HOST_PATH,
+               {"play", QString::fromStdString(file.string()), "--quiet", "--widgets", widgets});
+    ASSERT_TRUE(host.waitForFinished());
+    EXPECT_EQ(host.exitCode(), 0) << widgets << host.readAllStandardError().toStdString() << text;
+  }
+}
+
+TEST(BenchWithoutObserver, SaysThatTheLogCannotBeSeen) {
+  // Has the log library's name, and not its observer: the plug-in gets the one that is there.
+  void* silent = dlopen(VELLOMAR_SILENT_LOG_PATH, RTLD_NOW);
+  ASSERT_NE(silent, nullptr) << dlerror();
+  {
+    Bench bench(VELLOMAR_LORIMEL_PATH);
+    ASSERT_EQ(bench.Load(VELLOMAR_PLUGIN_PATH), std::nullopt);
+    EXPECT_FALSE(bench.observes_log());
+    EXPECT_EQ(bench.log().rowCount(), 0);
+    EXPECT_EQ(bench.Send(*vellomar_host::FindCommand("setHostType"), {{"type", 1}}), std::nullopt);
+  }
+  dlclose(silent);
+}
+
+}  // namespace
+}  // namespace vellomar_workbench

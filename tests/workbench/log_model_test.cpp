@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// Scopes nest, whatever comes, and their costs stand beside the line that opened them.
+#include "tools/workbench/log_model.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+namespace vellomar_workbench {
+namespace {
+
+using testing::ElementsAre;
+using vellomar_host::LogLine;
+
+class LogModelTest : public testing::Test {
+ protected:
+  static LogLine Line(std::string text, int level = 3, std::thread::id thread = {}) {
+    return {std::chrono::steady_clock::time_point(), thread, "vellomar_controlbar", level,
+            std::move(text)};
+  }
+
+  void Append(const std::vector<std::string>& texts) {
+    std::vector<LogLine> lines;
+    for (const std::string& text : texts) lines.push_back(Line(text));
+    model.Append(lines);
+  }
+
+  // "  name:cost" for each row, indented by its depth.
+  std::vector<std::string> Rows() const {
+    std::vector<std::string> rows;
+    for (int i = 0; i < model.rowCount(); ++i) {
+      const QModelIndex line = model.index(i, LogModel::kText);
+      const QString cost = model.index(i, LogModel::kCost).data().toString();
+      rows.push_back(std::string(line.data(LogModel::kDepthRole).toUInt(), ' ') +
+                     line.data(Qt::ToolTipRole).toString().toStdString() +
+                     (cost.isEmpty() ? "" : ":" + cost.toStdString()));
+    }
+    return rows;
+  }
+
+  LogModel model;
+  QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+
+TEST_F(LogModelTest, ScopesNestAndCarryTheirCosts) {
+  Append({"entry Call", "entry A", "line", "exit A, cost : 2", "entry B"});
+  EXPECT_THAT(Rows(), ElementsAre("Call", " A:2", "  line", " B"));
+  const QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+  const QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+  Append({"exit B, cost : 0", "exit Call, cost : 3"});
+  EXPECT_EQ(changed.count(), 2) << "the rows are there already";
+  EXPECT_EQ(inserted.count(), 0);
+  EXPECT_THAT(Rows(), ElementsAre("Call:3", " A:2", "  line", " B:0"));
+}
+
+TEST_F(LogModelTest, LinesThatDoNotPairStayLines) {
+  Append({"exit Unknown, cost : 1", "entry Outer", "entry Inner", "exit Outer, cost : 4", "after",
+          "exit Inner, cost : 1", "exit , cost : 1", "entry "});
+  EXPECT_THAT(Rows(), ElementsAre("exit Unknown, cost : 1", "Outer:4", " Inner", "after",
+                                  "exit Inner, cost : 1", "exit , cost : 1", "entry "));
+}
+
+TEST_F(LogModelTest, AnotherThreadsScopesAreItsOwn) {
+  std::thread::id other;
+  std::thread([&other] { other = std::this_thread::get_id(); }).join();
+  model.Append(std::vector<LogLine>{Line("entry A"), Line("beside", 3, other), Line("inside"),
+                                    Line("exit A, cost : 0")});
+  EXPECT_THAT(Rows(), ElementsAre("A:0", "beside", " inside"));
+}
+
+TEST_F(LogModelTest, TheOldestGoAndWhatWasOpenIsClosedAllTheSame) {
+  Append({"entry Old"});
+  Append(std::vector<std::string>(LogModel::kMostRows, "line"));
+  EXPECT_LE(static_cast<std::size_t>(model.rowCount()), LogModel::kMostRows);
+  EXPECT_EQ(model.index(0, LogModel::kText).data(LogModel::kDepthRole), 1);
+  Append({"entry New", "exit New, cost : 5", "exit Old, cost : 9"});
+  const int last = model.rowCount() - 1;
+  EXPECT_EQ(model.index(last - 1, LogModel::kCost).data(), "5");
+  EXPECT_EQ(model.index(last, LogModel::kText).data(Qt::ToolTipRole), "exit Old, cost : 9")
+      << "its row has gone, so the line stays";
+}
+
+TEST_F(LogModelTest, FiltersByLevelAndText) {
+  model.Append(std::vector<LogLine>{Line("entry A::Run"), Line("key out of range!", 4),
+                                    Line("unknown event", 5), Line("exit A::Run, cost : 0")});
+  LogFilter filter;
+  filter.setSourceModel(&model);
+  EXPECT_EQ(filter.rowCount(), 3);
+  filter.SetLowestLevel(4);
+  EXPECT_EQ(filter.rowCount(), 2);
+  filter.SetText("RANGE");
+  ASSERT_EQ(filter.rowCount(), 1);
+  EXPECT_EQ(filter.index(0, LogModel::kLevel).data(), "fault");
+}
+
+}  // namespace
+}  // namespace vellomar_workbench

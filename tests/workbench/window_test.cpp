@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+// The window: what it remembers, where it tells faults, and that nothing on it is cut off.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QDockWidget>
+#include <QImage>
+#include <QTabBar>
+
+#include "tests/workbench/bench_fixture.h"
+#include "tools/workbench/main_window.h"
+#include "tools/workbench/unattended.h"
+
+namespace vellomar_workbench {
+namespace {
+
+using testing::HasSubstr;
+using testing::Optional;
+
+class WindowTest : public BenchTest {
+ protected:
+  WindowOptions Options() const {
+    return {.scenarios = VELLOMAR_SCENARIOS,
+            .settings = QString::fromStdString(Scratch("settings.ini").string()),
+            .language = ""};
+  }
+};
+
+TEST_F(WindowTest, RemembersItsLayoutAndChoices) {
+  {
+    MainWindow window(bench, Options());
+    window.show();
+    window.findChild<QDockWidget*>("Notifications")->hide();
+    window.resize(1100, 700);
+    window.ChooseLanguage("zh");
+    window.buttons().filter().setText("mute");
+    window.commands().Choose("setCameraInfo");
+    window.close();
+  }
+  MainWindow window(bench, Options());
+  EXPECT_TRUE(window.findChild<QDockWidget*>("Notifications")->isHidden());
+  EXPECT_EQ(window.size(), QSize(1100, 700));
+  EXPECT_EQ(window.language(), "zh");
+  EXPECT_EQ(window.buttons().table().model()->rowCount(), 5);
+  EXPECT_EQ(window.commands().chosen(), "setCameraInfo");
+}
+
+TEST_F(WindowTest, TellsFaultsInTheWindow) {
+  MainWindow window(bench, Options());
+  window.show();
+  EXPECT_NE(window.LoadPlugin("/no/such/plugin.so"), std::nullopt);
+  EXPECT_THAT(window.fault().toStdString(), HasSubstr("cannot load \"/no/such/plugin.so\""));
+  EXPECT_EQ(window.LoadPlugin(VELLOMAR_PLUGIN_PATH), std::nullopt);
+  EXPECT_EQ(window.fault(), "");
+  EXPECT_THAT(window.StartMeeting("party"), Optional(HasSubstr("no meeting \"party\"")));
+  EXPECT_THAT(window.SaveRecording("/proc/no/such.json"), Optional(HasSubstr("cannot write")));
+  window.ChooseLanguage("xx");
+  EXPECT_THAT(window.fault().toStdString(), HasSubstr("no texts in \"xx\""));
+}
+
+TEST_F(WindowTest, AMeetingSpeaksTheChosenLanguageAndItsRecordingNeedsNoOtherFile) {
+  MainWindow window(bench, Options());
+  window.run().SetUnattended(true);
+  window.ChooseLanguage("de");
+  ASSERT_EQ(window.StartMeeting("host"), std::nullopt);
+  ASSERT_EQ(WaitForEnd(window.run()), std::nullopt);
+  EXPECT_TRUE(Until([&] { return Cell(1003, ButtonModel::kText) == "Teilnehmer (12)"; }));
+  window.ChooseLanguage("zh");
+  EXPECT_TRUE(Until([&] {
+    return Cell(1003, ButtonModel::kText).endsWith("(12)") &&
+           !Cell(1003, ButtonModel::kText).startsWith("T");
+  }));
+  const auto file = Scratch("elsewhere.json");
+  ASSERT_EQ(window.SaveRecording(file), std::nullopt);
+  EXPECT_NO_THROW(vellomar_host::LoadScenario(file));
+}
+
+TEST_F(WindowTest, NothingIsCutOffInASmallWindow) {
+  MainWindow window(bench, Options());
+  window.resize(1280, 800);
+  window.show();
+  EXPECT_EQ(window.size(), QSize(1280, 800));
+  QCoreApplication::processEvents();
+  int seen = 0;
+  for (const auto* button : window.findChildren<QPushButton*>()) {
+    // A dock behind another one's tab counts as visible, with nothing of it to be seen.
+    if (!button->isVisible() || button->visibleRegion().isEmpty()) continue;
+    ++seen;
+    EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->text().toStdString();
+    EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect())
+        << button->text().toStdString();
+  }
+  EXPECT_GE(seen, 7);
+}
+
+TEST_F(WindowTest, ThePictureShowsTheWindow) {
+  MainWindow window(bench, Options());
+  window.show();
+  const auto file = Scratch("folder/that/is/new/workbench.png");
+  ASSERT_EQ(TakePicture(bench, window, file), std::nullopt);
+  EXPECT_EQ(QImage(QString::fromStdString(file.string())).size(), window.size());
+  EXPECT_THAT(TakePicture(bench, window, "/proc/picture.png"), Optional(HasSubstr("cannot write")));
+}
+
+}  // namespace
+}  // namespace vellomar_workbench
