@@ -21,12 +21,16 @@ std::filesystem::path Loadable(const std::filesystem::path& file) {
   return L"\\\\?\\" + absolute.native();
 }
 
+// The altered search path makes the system look for the library's own dependencies beside it. It is
+// not for a bare file name, by which the library is found that is loaded already.
+HMODULE Load(const std::filesystem::path& file) {
+  if (!file.has_parent_path()) return LoadLibraryW(file.c_str());
+  return LoadLibraryExW(Loadable(file).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+}
+
 }  // namespace
 
-// The altered search path makes the system look for the library's own dependencies beside it.
-SharedLibrary::SharedLibrary(const std::filesystem::path& file)
-    : file_(file),
-      handle_(LoadLibraryExW(Loadable(file).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) {
+SharedLibrary::SharedLibrary(const std::filesystem::path& file) : file_(file), handle_(Load(file)) {
   if (handle_ != nullptr) return;
   const auto code = static_cast<int>(GetLastError());
   throw HostError(

@@ -8,7 +8,8 @@
 #
 # A Wine on the PATH is used if it runs 32-bit programs. Otherwise Debian's comes from a root folder
 # of its own in the user's cache, which leaves the system's packages alone; it is made once and
-# entered with bwrap. There the program sees the project and the build folder and nothing else.
+# entered with bwrap. There the program sees the project and the build folder and nothing else, and
+# changes the build folder only.
 # Each build folder has a Wine prefix (registry, drive C:) of its own.
 set -euo pipefail
 started_in=$PWD
@@ -47,7 +48,7 @@ in_root() {
     fi
   done
   case $started_in/ in "$root"/* | "$build"/*) folder=$started_in ;; esac
-  bwrap "${mounts[@]}" --proc /proc --dev /dev --bind "$state/tmp" /tmp --bind "$root" "$root" \
+  bwrap "${mounts[@]}" --proc /proc --dev /dev --bind "$state/tmp" /tmp --ro-bind "$root" "$root" \
     --bind "$build" "$build" --chdir "$folder" --setenv HOME /tmp \
     --setenv XDG_CACHE_HOME /tmp --die-with-parent "$@"
 }

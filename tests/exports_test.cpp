@@ -156,17 +156,16 @@ TEST_F(ExportsTest, TasksPostedBeforeUninitMayRunUntilUnload) {
 
 // A folder whose name has letters of several scripts and a space, and that lies deeper than old
 // systems allow.
-std::filesystem::path UnusualFolder() {
-  auto folder = std::filesystem::path(testing::TempDir()) / u8"会议 اجتماع Größe" / ProcessName();
-  while (folder.u8string().size() < 300) folder /= "a-folder-with-a-rather-long-name";
+std::filesystem::path UnusualFolder(const std::filesystem::path& parent) {
+  auto folder = parent / u8"会议 اجتماع Größe";
+  while (folder.native().size() < 300) folder /= "a-folder-with-a-rather-long-name";
   return folder;
 }
 
 TEST(ModuleDirectoryTest, IsFoundWhateverItsName) {
-  const auto folder = UnusualFolder();
-  std::filesystem::create_directories(folder);
-  const auto copy = folder / std::filesystem::path(kPlugin).filename();
-  std::filesystem::copy_file(kPlugin, copy);
+  const auto scratch = std::filesystem::path(testing::TempDir()) / ("plug-in-" + ProcessName());
+  const auto folder = UnusualFolder(scratch);
+  const auto copy = CopyDeep(kPlugin, folder);
   {
     recording_log::Clear();
     ScriptHost host;
@@ -181,7 +180,8 @@ TEST(ModuleDirectoryTest, IsFoundWhateverItsName) {
   const std::size_t length = folder.u8string().size() + std::string_view("/res").size();
   EXPECT_THAT(recording_log::Texts(),
               Contains("Init controlbar res path len: " + std::to_string(length)));
-  std::filesystem::remove_all(folder);
+  RemoveDeep(copy, scratch);
+  EXPECT_FALSE(std::filesystem::exists(scratch));
 }
 
 TEST(UnloadTest, ASecondLoadStartsAfresh) {

@@ -14,3 +14,14 @@ bool IsLoaded(const std::filesystem::path& file) {
 std::string ProcessName() {
   return std::to_string(getpid());
 }
+
+std::filesystem::path CopyDeep(const std::filesystem::path& file,
+                               const std::filesystem::path& folder) {
+  std::filesystem::create_directories(folder);
+  std::filesystem::copy_file(file, folder / file.filename());
+  return folder / file.filename();
+}
+
+void RemoveDeep(const std::filesystem::path& /*copy*/, const std::filesystem::path& top) {
+  std::filesystem::remove_all(top);
+}
