@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 #include "host/host_error.h"
@@ -33,6 +34,13 @@ json ScreenOf(const QWidget& window) {
           {"y", area.y()},
           {"width", static_cast<int>(area.width() * scale)},
           {"height", static_cast<int>(area.height() * scale)}};
+}
+
+// From the folder that the workbench was started in, where the file lies below it.
+QString ShortPath(const std::filesystem::path& file) {
+  const auto path = file.lexically_proximate(std::filesystem::current_path());
+  const bool below = path.is_relative() && *path.begin() != "..";
+  return QString::fromStdString((below ? path : file).string());
 }
 
 }  // namespace
@@ -179,7 +187,7 @@ void MainWindow::ShowFault(const Fault& fault) {
 
 void MainWindow::UpdateState() {
   const bool loaded = bench_.session() != nullptr;
-  const QString plugin = QString::fromStdString(bench_.plugin().string());
+  const QString plugin = ShortPath(bench_.plugin());
   state_->setText(
       !loaded ? QString("No plug-in is loaded.")
               : plugin + (bench_.bar_exists() ? "  -  the bar is shown" : "  -  there is no bar"));
