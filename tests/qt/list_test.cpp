@@ -17,18 +17,6 @@ using testing::Not;
 class QtListTest : public QtSession {
  protected:
   static QWidget* List() { return Window("Remote Control"); }
-
-  // The middle of the row of this text, which is scrolled into view where needed.
-  QPoint RowCenter(const std::string& text) {
-    QAccessibleInterface* rows = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
-    for (int i = 0; i < rows->childCount(); ++i) {
-      if (rows->child(i)->text(QAccessible::Name).toStdString() == text) {
-        return rows->child(i)->rect().center();
-      }
-    }
-    ADD_FAILURE() << text;
-    return {};
-  }
 };
 
 TEST_F(QtListTest, ManyParticipantsCanBeSearched) {

@@ -229,6 +229,17 @@ QString QtSession::FocusedRow() {
   return row != nullptr ? row->text(QAccessible::Name) : QString();
 }
 
+QPoint QtSession::RowCenter(const std::string& text) {
+  QAccessibleInterface* rows = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
+  for (int i = 0; rows != nullptr && i < rows->childCount(); ++i) {
+    if (rows->child(i)->text(QAccessible::Name).toStdString() == text) {
+      return rows->child(i)->rect().center();
+    }
+  }
+  ADD_FAILURE() << text;
+  return {};
+}
+
 QImage QtSession::Grab(QWidget& widget) {
   return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);
 }

@@ -71,6 +71,9 @@ class QtSession : public testing::Test {
   static QString FocusName();
   // Of the row that has the focus in the open list.
   static QString FocusedRow();
+  // The middle of the row of this text in the open list, which has the focus. Fails the test where
+  // there is no such row.
+  static QPoint RowCenter(const std::string& text);
   static QPoint Center(const QWidget& widget) { return widget.mapToGlobal(widget.rect().center()); }
   static QImage Grab(QWidget& widget);
 

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// A bar on a desktop, used by a pointer and a keyboard that the window system and the window
+// manager cannot tell from real ones. Each function that acts waits until what it needs is there,
+// and the tests wait for what has to come of it: nothing waits for a time.
+//
+//     TEST_F(DesktopTest, ...) {
+//       ShowBar();
+//       UserClicks(*Named("Audio"));
+//       ExpectTold("muteAudio", {{"mute", true}});
+//     }
+#pragma once
+
+#include <functional>
+
+#include "../qt/qt_session.h"
+
+class DesktopTest : public QtSession {
+ protected:
+  // Runs plug-in and windows until it is so; false where it does not come to be.
+  bool Eventually(const std::function<bool()>& is_so);
+  // The notification comes, or has come since Forget, with this payload.
+  void ExpectTold(const char* name, const json& payload = json::object());
+
+  void ShowBar();
+  // With the sketch bar, and devices, people and languages for every drop-down window.
+  void ShowBarWithLists();
+
+  // Null where there is none.
+  static QWidget* List();
+  static QWidget* SketchBar();
+  // The controls that open a drop-down window, and the one of this button.
+  static std::vector<QWidget*> Openers(const QWidget& bar);
+  static QWidget* OpenerOf(int key);
+  // Where a bar is bare: left of its first button.
+  static QPoint Handle(const QWidget& bar) { return {3, bar.height() / 2}; }
+
+  // The pointer; `at` is in the widget.
+  void UserPointsAt(const QWidget& widget, const QPoint& at);
+  void UserClicks(const QWidget& widget, const QPoint& at);
+  void UserClicks(const QWidget& control) { UserClicks(control, control.rect().center()); }
+  void UserDragsBar(const QPoint& by);
+  // The row of the open list.
+  void UserPicks(const std::string& row);
+
+  // The keyboard, by the window system's names: "Tab", "alt+F4". The window has the focus, or gets
+  // it.
+  void UserPresses(const QWidget& window, const char* key);
+  // Presses Tab until the control has the focus.
+  void UserTabsTo(const QWidget& control);
+};
