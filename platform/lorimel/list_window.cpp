@@ -64,7 +64,8 @@ int ListWindow::SearchHeight() const {
   return search_ != nullptr ? kSearchHeight + 2 * kSearchGap : 0;
 }
 
-void ListWindow::SetRows(Rows rows) {
+void ListWindow::SetRows(Rows rows, Qt::LayoutDirection direction) {
+  view_->setLayoutDirection(direction);
   view_->SetRows(std::move(rows));
   Place();
 }

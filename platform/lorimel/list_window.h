@@ -32,7 +32,7 @@ class ListWindow : public QWidget {
 
   RowView& View() { return *view_; }
   const Rows& AllRows() const { return view_->AllRows(); }
-  void SetRows(Rows rows);
+  void SetRows(Rows rows, Qt::LayoutDirection direction);
 
   // Below the opener's bar, above it where there is more room. A click on the opener does not
   // dismiss the window: the opener toggles it.

@@ -41,13 +41,6 @@ void RowView::SetRows(Rows rows) {
   const bool had_current = CanPick(current_);
   rows_ = std::move(rows);
   Measure();
-  int balance = 0;
-  for (const OwnedButton& row : rows_) {
-    balance += row.text.empty() ? 0 : style::Label(row.text).isRightToLeft() ? 1 : -1;
-  }
-  if (balance != 0) {
-    setLayoutDirection(balance > 0 ? Qt::RightToLeft : Qt::LeftToRight);
-  }
   Place();
   current_ = had_current ? FindLike(current) : -1;
   pressed_ = -1;

@@ -18,7 +18,7 @@ namespace lorimel_qt {
 
 class RowView : public QWidget {
  public:
-  // `direction` holds for rows without texts; texts bring their own.
+  // `direction` is the bar's: names of devices and people say nothing about the user's language.
   RowView(Rows rows, Qt::LayoutDirection direction);
 
   std::function<void(std::size_t)> on_pick;

@@ -155,7 +155,7 @@ void Ui::RefreshList() {
   if (rows.empty()) {
     CloseList();
   } else {
-    list_->SetRows(std::move(rows));
+    list_->SetRows(std::move(rows), BarWith(opener)->layoutDirection());
   }
 }
 

@@ -92,6 +92,15 @@ TEST_F(QtListTest, AnOpenListFollowsTheLanguage) {
   ASSERT_GE(Open(1008), 0);
 }
 
+TEST_F(QtListTest, ForeignNamesDoNotTurnAListAround) {
+  ShowBar({.language = "ar"});
+  SendParticipants(5);
+  ASSERT_EQ(Open(1006), 6);
+  const QWidget* list = QApplication::focusWidget()->window();
+  EXPECT_EQ(list->layoutDirection(), Qt::RightToLeft);
+  EXPECT_EQ(list->geometry().right(), Area(1006).right()) << "below the button's other end";
+}
+
 TEST_F(QtListTest, AListGoesWithItsButton) {
   ShowBar();
   ASSERT_GT(Open(1004), 0);
