@@ -6,7 +6,8 @@ namespace lorimel_qt::style {
 QFont Font(int pixel_size, QFont::Weight weight) {
   QFont font;
   font.setFamilies({QStringLiteral("Segoe UI"), QStringLiteral("Noto Sans"),
-                    QStringLiteral("Noto Sans CJK SC"), QStringLiteral("DejaVu Sans")});
+                    QStringLiteral("Noto Sans Arabic"), QStringLiteral("Noto Sans CJK SC"),
+                    QStringLiteral("DejaVu Sans")});
   font.setPixelSize(pixel_size);
   font.setWeight(weight);
   return font;
