@@ -37,7 +37,7 @@ QString Program::ReadLineWith(const QString& text) {
   const QDeadlineTimer deadline(kLongest);
   while (true) {
     while (canReadLine()) {
-      const QString line = QString::fromUtf8(readLine()).trimmed();
+      QString line = QString::fromUtf8(readLine()).trimmed();
       if (line.contains(text)) {
         return line;
       }

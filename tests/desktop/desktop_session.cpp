@@ -119,6 +119,8 @@ void DesktopTest::UserPointsAt(const QWidget& widget, const QPoint& at) {
   const QPoint point = widget.mapToGlobal(at);
   desktop::Run(QStringLiteral("xdotool"), {QStringLiteral("mousemove"), QString::number(point.x()),
                                            QString::number(point.y())});
+  ASSERT_TRUE(Eventually([&widget] { return widget.underMouse(); }))
+      << "the pointer is not noticed: " << widget.accessibleName().toStdString();
 }
 
 void DesktopTest::UserClicks(const QWidget& widget, const QPoint& at) {

@@ -9,9 +9,10 @@
 namespace {
 
 TEST(DesktopProgramTest, TheBarStaysUntilTheUserStopsSharing) {
+  const QString scenario = QStringLiteral(VELLOMAR_SCENARIOS "/first-share.json");
+  const QString pictures = QStringLiteral(VELLOMAR_PICTURES "/desktop");
   desktop::Program host(VELLOMAR_CONTROLBAR_HOST,
-                        {"play", VELLOMAR_SCENARIOS "/first-share.json", "--widgets", "qt", "--out",
-                         VELLOMAR_PICTURES "/desktop"});
+                        {"play", scenario, "--widgets", "qt", "--out", pictures});
   host.ReadLineWith("until the user stops sharing");
   const QString bar =
       desktop::Run("xdotool", {"search", "--sync", "--onlyvisible", "--name", "Weekly planning"})
