@@ -11,6 +11,13 @@ namespace {
 
 using testing::Contains;
 
+// The window that the window manager takes for the active one.
+WId WindowManagersWindow() {
+  const QString answer = desktop::Run(
+      QStringLiteral("xprop"), {QStringLiteral("-root"), QStringLiteral("_NET_ACTIVE_WINDOW")});
+  return answer.section(QLatin1Char('#'), 1).trimmed().toULongLong(nullptr, 0);
+}
+
 class DesktopKeyboardTest : public DesktopTest {
  protected:
   // As a user does: by a click on where the bar is bare.
@@ -67,6 +74,8 @@ TEST_F(DesktopKeyboardTest, TheWindowManagersKeyClosesTheBar) {
   ShowBar();
   Send("showSketchControlbar", {{"show", true}});
   FocusBar(*BarWidget());
+  // The key is the window manager's, which learns of the focus later than the window does.
+  ASSERT_TRUE(Eventually([] { return WindowManagersWindow() == BarWidget()->winId(); }));
   UserPresses(*BarWidget(), "alt+F4");
   ExpectTold("controlbarClosed");
   EXPECT_EQ(BarWidget(), nullptr);
