@@ -49,13 +49,14 @@ QString Program::ReadLineWith(const QString& text) {
 }
 
 void Start() {
+  // Takes a free display. Keys do not repeat themselves: a loaded machine may hold one for long.
   // Never deleted: a server that goes before its clients makes them fail.
   static auto* const server =
       new Program(QStringLiteral("Xvfb"),
-                  {QStringLiteral("-displayfd"), QStringLiteral("1"),  // takes a free one
-                   QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("1920x1080x24"),
-                   QStringLiteral("-dpi"), QStringLiteral("96"), QStringLiteral("-nolisten"),
-                   QStringLiteral("tcp"), QStringLiteral("-noreset")});
+                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                   QStringLiteral("0"), QStringLiteral("1920x1080x24"), QStringLiteral("-dpi"),
+                   QStringLiteral("96"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
+                   QStringLiteral("-noreset"), QStringLiteral("-r")});
   qputenv("DISPLAY", ":" + server->ReadLineWith(QString()).toUtf8());
   qputenv("QT_QPA_PLATFORM", "xcb");
   qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");  // or the user's desktop is told of the windows
@@ -66,6 +67,10 @@ void Start() {
                                   QStringLiteral("/etc/xdg/openbox/rc.xml"),
                                   QStringLiteral("--startup"), QStringLiteral("echo started")});
   manager->ReadLineWith(QStringLiteral("started"));
+  // The first key makes the server switch keyboards, whereupon the window manager binds its keys
+  // anew and misses those that come meanwhile.
+  Run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("shift")});
+  AwaitWindowManager();
 }
 
 QString Run(const QString& program, const QStringList& arguments) {
@@ -76,6 +81,21 @@ QString Run(const QString& program, const QStringList& arguments) {
          QStringLiteral(" has failed"));
   }
   return QString::fromUtf8(running.readAllStandardOutput());
+}
+
+// It takes one request after the other, so one whose effect can be seen tells of all before it. The
+// number of desktops means nothing to the windows.
+void AwaitWindowManager() {
+  static int desktops = 1;
+  desktops = desktops == 2 ? 3 : 2;
+  const QString number = QString::number(desktops);
+  Run(QStringLiteral("xdotool"), {QStringLiteral("set_num_desktops"), number});
+  const QDeadlineTimer deadline(kLongest);
+  while (Run(QStringLiteral("xdotool"), {QStringLiteral("get_num_desktops")}).trimmed() != number) {
+    if (deadline.hasExpired()) {
+      Fail(QStringLiteral("the window manager takes no requests"));
+    }
+  }
 }
 
 }  // namespace desktop

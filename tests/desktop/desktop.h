@@ -18,6 +18,9 @@ void Start();
 // What the program has printed. Throws std::runtime_error unless it ends, and well.
 QString Run(const QString& program, const QStringList& arguments);
 
+// Returns when the window manager has done what it was asked for until now.
+void AwaitWindowManager();
+
 // A program that ends with this object, and with this process at the latest.
 class Program : public QProcess {
  public:

@@ -44,6 +44,14 @@ bool DesktopTest::Eventually(const std::function<bool()>& is_so) {
   return came;
 }
 
+void DesktopTest::AwaitRest() {
+  // What the window manager tells the windows, and what they ask of it then.
+  for (int round = 0; round < 2; ++round) {
+    desktop::AwaitWindowManager();
+    Settle();
+  }
+}
+
 void DesktopTest::ExpectTold(const char* name, const json& payload) {
   const auto came = [&] {
     return testing::Value(Told(), Contains(name)) && LastPayload(name) == payload;
@@ -125,6 +133,7 @@ void DesktopTest::UserPointsAt(const QWidget& widget, const QPoint& at) {
 
 void DesktopTest::UserClicks(const QWidget& widget, const QPoint& at) {
   UserPointsAt(widget, at);
+  AwaitRest();
   desktop::Run(QStringLiteral("xdotool"), {QStringLiteral("click"), QStringLiteral("1")});
 }
 
@@ -147,17 +156,23 @@ void DesktopTest::UserPicks(const std::string& row) {
   UserClicks(*List(), List()->mapFromGlobal(RowCenter(row)));
 }
 
-void DesktopTest::UserPresses(const QWidget& window, const char* key) {
+void DesktopTest::AwaitFocus(const QWidget& window) {
   ASSERT_TRUE(Eventually([&] { return QApplication::activeWindow() == &window; }))
       << "the window has no focus";
+  AwaitRest();
+}
+
+void DesktopTest::UserPresses(const QWidget& window, const char* key) {
+  AwaitFocus(window);
   desktop::Run(QStringLiteral("xdotool"), {QStringLiteral("key"), QString::fromLatin1(key)});
 }
 
 void DesktopTest::UserTabsTo(const QWidget& control) {
   constexpr int kMost = 60;
+  AwaitFocus(*control.window());
   for (int i = 0; i < kMost && QApplication::focusWidget() != &control; ++i) {
     const QWidget* before = QApplication::focusWidget();
-    UserPresses(*control.window(), "Tab");
+    desktop::Run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Tab")});
     ASSERT_TRUE(Eventually([&] { return QApplication::focusWidget() != before; }));
   }
   ASSERT_EQ(QApplication::focusWidget(), &control) << control.accessibleName().toStdString();

@@ -18,6 +18,11 @@ class DesktopTest : public QtSession {
  protected:
   // Runs plug-in and windows until it is so; false where it does not come to be.
   bool Eventually(const std::function<bool()>& is_so);
+  // Until windows and window manager have nothing to do: what is pressed while the focus goes from
+  // one window to another may reach neither.
+  void AwaitRest();
+  // Until the window has the focus, and keeps it.
+  void AwaitFocus(const QWidget& window);
   // The notification comes, or has come since Forget, with this payload.
   void ExpectTold(const char* name, const json& payload = json::object());
 
