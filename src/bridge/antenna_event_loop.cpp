@@ -1,220 +1,252 @@
 // SPDX-License-Identifier: MIT
 #include "bridge/antenna_event_loop.h"
 
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <utility>
-#include <vector>
+
+#include "frame/guard.h"
 
 namespace VELLOMAR_CONTROLBAR {
-namespace {
 
-using Task = AntennaEventLoop::Task;
+using VELLOMAR_LOG::Guarded;
 
-// A task between its hand-over to the host and the host's answer, or while it runs: a link of a
-// list on the stack. It tells Post that the host ran the task at once, and Cancel that the task
-// must not be freed under its own feet.
-class InFlight {
+// Belongs to the library as a whole and is linked into the list of all there are; what the host
+// never ran is freed when it unloads the library.
+class AntennaEventLoop::Posted {
  public:
-  InFlight(InFlight*& head, const Task* task) : head_(head), task_(task), next_(head) {
-    head_ = this;
-  }
-  ~InFlight() { head_ = next_; }
-  InFlight(const InFlight&) = delete;
-  InFlight& operator=(const InFlight&) = delete;
+  // Keeps it alive while the host or the callable itself has the word.
+  class Hold {
+   public:
+    explicit Hold(Posted& posted) : posted_(posted) { ++posted_.holds_; }
+    ~Hold() {
+      if (--posted_.holds_ == 0 && posted_.done_) delete &posted_;
+    }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
 
+   private:
+    Posted& posted_;
+  };
+
+  // Ends it when the block is left, however that happens.
+  class EndsHere {
+   public:
+    explicit EndsHere(Posted& posted) : posted_(posted) {}
+    ~EndsHere() { posted_.End(); }
+    EndsHere(const EndsHere&) = delete;
+    EndsHere& operator=(const EndsHere&) = delete;
+
+   private:
+    Posted& posted_;
+  };
+
+  Posted(const char* name, Task task) : name_(name), task_(std::move(task)), next_(s_all.first) {
+    if (next_ != nullptr) next_->previous_ = this;
+    s_all.first = this;
+  }
+  ~Posted() {
+    (previous_ != nullptr ? previous_->next_ : s_all.first) = next_;
+    if (next_ != nullptr) next_->previous_ = previous_;
+  }
+  Posted(const Posted&) = delete;
+  Posted& operator=(const Posted&) = delete;
+
+  void Run() { task_(); }
+  const char* Name() const { return name_; }
+  // It has run for the last time, or is cancelled.
   bool Done() const { return done_; }
 
-  // Marks the innermost one of this task that is not done yet: the address of a task that is done
-  // may belong to another by now. False if there is none.
-  static bool MarkDone(InFlight* head, const Task* task) {
-    for (InFlight* link = head; link != nullptr; link = link->next_) {
-      if (link->task_ == task && !link->done_) {
-        link->done_ = true;
-        return true;
-      }
-    }
-    return false;
+  // Takes a node that is there already: recording cannot fail. An earlier record of the same id is
+  // replaced; the task that it named still runs when the host calls it.
+  void Record(AntennaEventLoop& loop, Route route, Id id, TaskMap::node_type node) {
+    life_ = loop.m_life;
+    route_ = route;
+    id_ = id;
+    node.key() = id;
+    node.mapped() = this;
+    const auto recorded = (loop.*route).insert(std::move(node));
+    if (!recorded.inserted) recorded.position->second = this;
+  }
+
+  // Not to be called any more: forgotten now, freed when nobody holds it. To be called under a
+  // Hold.
+  void End() {
+    done_ = true;
+    AntennaEventLoop* const loop = route_ != nullptr ? Living(life_) : nullptr;
+    if (loop == nullptr) return;
+    const auto found = (loop->*route_).find(id_);
+    if (found != (loop->*route_).end() && found->second == this) (loop->*route_).erase(found);
   }
 
  private:
-  InFlight*& head_;
-  const Task* task_;
-  InFlight* next_;
+  // Frees, when the library is unloaded, what the host never ran.
+  struct All {
+    Posted* first;
+    ~All() {
+      while (first != nullptr) delete first;
+    }
+  };
+  inline static All s_all{nullptr};
+
+  const char* name_;
+  Task task_;
+  Posted* next_;
+  Posted* previous_ = nullptr;
+  std::uint64_t life_ = 0;
+  Route route_ = nullptr;  // none while the host has not answered
+  Id id_ = 0;
+  int holds_ = 0;
   bool done_ = false;
 };
 
-InFlight* g_posting = nullptr;
-InFlight* g_running = nullptr;
-
-// Tasks that outlived their event loop: the host may run them until the library is unloaded.
-class AbandonedTasks : public VELLOMAR_COMMON::Singleton<AbandonedTasks> {
- public:
-  void Add(Task* task) { tasks_.emplace_back(task); }
-  void Release(const Task* task) {
-    const auto found = std::find_if(tasks_.begin(), tasks_.end(),
-                                    [task](const auto& owned) { return owned.get() == task; });
-    if (found == tasks_.end()) return;
-    (void)found->release();
-    tasks_.erase(found);
-  }
-
- private:
-  std::vector<std::unique_ptr<Task>> tasks_;
-};
-
-// Without a slot nobody will ever run or free the copy. The interface keeps it all the same; it has
-// a function of its own so that leak checkers can tell it from a real leak.
-__attribute__((noinline)) void KeepCopyWithoutSlot(Task task) {
-  Task* const lost = new Task(std::move(task));
-  (void)lost;
-}
-
-}  // namespace
-
-AntennaEventLoop::~AntennaEventLoop() {
-  for (TaskMap* map : {&timers, &delayedTasks, &tasks, &tasksAlt1, &tasksAlt2}) {
-    for (auto& [id, task] : *map) delete task;
-  }
-}
-
 void AntennaEventLoop::Init(const EventLoopTable& table) {
-  m_table = table;
+  const EventLoopTable old = std::exchange(m_table, table);
   m_table.unreadFn = nullptr;
-  if (observerId == 0 && m_table.addObserverFn != nullptr) {  // once, however often it is called
-    observerId = m_table.addObserverFn(&RunListeners, nullptr);
+  const bool same_loop = old.addObserverFn == m_table.addObserverFn &&
+                         old.removeObserverFn == m_table.removeObserverFn;
+  if (m_observer != Observer::kNone && same_loop) return;
+  const std::uint64_t life = m_life;
+  const bool registered = m_observer == Observer::kRegistered;
+  m_observer = Observer::kNone;
+  if (registered && old.removeObserverFn != nullptr) {
+    old.removeObserverFn(std::exchange(observerId, 0));
+  }
+  AntennaEventLoop* const loop = Living(life);
+  if (loop != nullptr && loop->m_observer == Observer::kNone) loop->RegisterObserver();
+}
+
+void AntennaEventLoop::RegisterObserver() {
+  if (m_table.addObserverFn == nullptr) return;
+  const std::uint64_t life = m_life;
+  const std::uint64_t request = ++m_observerRequests;
+  auto* const remove = m_table.removeObserverFn;
+  m_observer = Observer::kAsked;
+  const Id id = m_table.addObserverFn(&RunListeners, nullptr);
+  AntennaEventLoop* const loop = Living(life);
+  if (loop != nullptr && loop->m_observerRequests == request &&
+      loop->m_observer == Observer::kAsked) {
+    loop->observerId = id;
+    loop->m_observer = Observer::kRegistered;
+  } else if (remove != nullptr) {
+    remove(id);  // the host ended the plug-in or gave it another loop before it answered
   }
 }
 
 void AntennaEventLoop::Uninit() {
-  if (m_table.removeObserverFn != nullptr) {
-    m_table.removeObserverFn(observerId);
-    observerId = 0;
-  }
-  if (m_table.stopTimerFn == nullptr) return;
-  for (auto& [id, task] : timers) {
-    m_table.stopTimerFn(id);
-    // A timer that ends the plug-in is freed when it returns.
-    if (!InFlight::MarkDone(g_running, task)) delete task;
-  }
-  timers.clear();
-}
-
-void AntennaEventLoop::AbandonTasks() {
-  for (TaskMap* map : {&timers, &delayedTasks, &tasks, &tasksAlt1, &tasksAlt2}) {
-    for (auto& [id, task] : *map) AbandonedTasks::GetInstance()->Add(task);
-    map->clear();
+  const std::uint64_t life = m_life;
+  const bool asked = m_observer == Observer::kAsked;  // RegisterObserver takes it off again
+  m_observer = Observer::kNone;
+  auto* const remove = std::exchange(m_table.removeObserverFn, nullptr);
+  if (remove != nullptr && !asked) remove(std::exchange(observerId, 0));
+  while (AntennaEventLoop* const loop = Living(life)) {
+    if (loop->m_table.stopTimerFn == nullptr || loop->timers.empty()) return;
+    const auto [id, timer] = *loop->timers.begin();
+    const Posted::Hold hold(*timer);
+    timer->End();
+    loop->m_table.stopTimerFn(id);
   }
 }
 
-template <AntennaEventLoop::TaskMap AntennaEventLoop::*route, typename CallHost>
-AntennaEventLoop::Id AntennaEventLoop::Post(bool has_slot, Task task, CallHost call_host) {
-  if (!has_slot) {
-    KeepCopyWithoutSlot(std::move(task));
-    return 0;
+template <typename CallHost>
+AntennaEventLoop::Id AntennaEventLoop::Post(Route route, const char* name, Task task,
+                                            CallHost call_host) {
+  // All that can fail comes before the host is told.
+  TaskMap made;
+  made.emplace();
+  auto* const posted = new Posted(name, std::move(task));
+  const Posted::Hold hold(*posted);
+  const std::uint64_t life = m_life;
+  const Id id = call_host(posted);
+  // The host may have run it before it answered.
+  if (posted->Done()) return id;
+  if (AntennaEventLoop* const loop = Living(life)) {
+    posted->Record(*loop, route, id, made.extract(made.begin()));
   }
-  Task* const copy = new Task(std::move(task));
-  const InFlight posting(g_posting, copy);
-  const Id id = call_host(&RunOnce<route>, copy);
-  // The host may have run the task before it answered; it is freed then and there is nothing to
-  // record. The task may even have ended this object, so look it up anew.
-  if (!posting.Done()) (GetInstance()->*route)[id] = copy;
   return id;
 }
 
 AntennaEventLoop::Id AntennaEventLoop::PostTask(Task task) {
-  return Post<&AntennaEventLoop::tasks>(
-      m_table.postFn != nullptr, std::move(task),
-      [this](LoopCallback* callback, void* context) { return m_table.postFn(callback, context); });
+  if (m_table.postFn == nullptr) return 0;
+  return Post(&AntennaEventLoop::tasks, "PostTask", std::move(task),
+              [slot = m_table.postFn](void* context) { return slot(&RunOnce, context); });
 }
 
 AntennaEventLoop::Id AntennaEventLoop::PostTaskAlt1(Task task) {
-  return Post<&AntennaEventLoop::tasksAlt1>(m_table.postAlt1Fn != nullptr, std::move(task),
-                                            [this](LoopCallback* callback, void* context) {
-                                              return m_table.postAlt1Fn(callback, context);
-                                            });
+  if (m_table.postAlt1Fn == nullptr) return 0;
+  return Post(&AntennaEventLoop::tasksAlt1, "PostTaskAlt1", std::move(task),
+              [slot = m_table.postAlt1Fn](void* context) { return slot(&RunOnce, context); });
 }
 
 AntennaEventLoop::Id AntennaEventLoop::PostTaskAlt2(Task task) {
-  return Post<&AntennaEventLoop::tasksAlt2>(m_table.postAlt2Fn != nullptr, std::move(task),
-                                            [this](LoopCallback* callback, void* context) {
-                                              return m_table.postAlt2Fn(callback, context);
-                                            });
+  if (m_table.postAlt2Fn == nullptr) return 0;
+  return Post(&AntennaEventLoop::tasksAlt2, "PostTaskAlt2", std::move(task),
+              [slot = m_table.postAlt2Fn](void* context) { return slot(&RunOnce, context); });
 }
 
 AntennaEventLoop::Id AntennaEventLoop::PostDelayedTask(std::uint64_t value, Task task) {
-  return Post<&AntennaEventLoop::delayedTasks>(
-      m_table.postDelayedFn != nullptr, std::move(task),
-      [this, value](LoopCallback* callback, void* context) {
-        return m_table.postDelayedFn(value, callback, context);
-      });
-}
-
-template <AntennaEventLoop::TaskMap AntennaEventLoop::*route>
-void AntennaEventLoop::RunOnce(void* context) {
-  auto* const task = static_cast<Task*>(context);
-  {
-    const InFlight running(g_running, task);
-    (*task)();  // an empty one throws std::bad_function_call into the host's loop
-  }
-  InFlight::MarkDone(g_posting, task);
-  if (AbandonedTasks::HasInstance()) AbandonedTasks::GetInstance()->Release(task);
-  delete task;
-  TaskMap& map = GetInstance()->*route;
-  const auto found = std::find_if(map.begin(), map.end(), [context](const auto& entry) {
-    return entry.second == context;  // compares addresses only
-  });
-  if (found != map.end()) map.erase(found);
-}
-
-void AntennaEventLoop::Cancel(TaskMap& route, void (*slot)(std::uint64_t), Id id) {
-  if (slot == nullptr) return;
-  slot(id);
-  const auto found = route.find(id);
-  if (found == route.end()) return;
-  // A task that cancels itself is freed by RunOnce.
-  if (!InFlight::MarkDone(g_running, found->second)) delete found->second;
-  route.erase(found);
-}
-
-void AntennaEventLoop::CancelTask(Id id) {
-  Cancel(tasks, m_table.cancelTaskFn, id);
-}
-void AntennaEventLoop::CancelTaskAlt1(Id id) {
-  Cancel(tasksAlt1, m_table.cancelTaskFn, id);
-}
-void AntennaEventLoop::CancelTaskAlt2(Id id) {
-  Cancel(tasksAlt2, m_table.cancelAlt2Fn, id);
-}
-void AntennaEventLoop::CancelDelayedTask(Id id) {
-  Cancel(delayedTasks, m_table.cancelDelayedFn, id);
+  if (m_table.postDelayedFn == nullptr) return 0;
+  return Post(&AntennaEventLoop::delayedTasks, "PostDelayedTask", std::move(task),
+              [slot = m_table.postDelayedFn, value](void* context) {
+                return slot(value, &RunOnce, context);
+              });
 }
 
 AntennaEventLoop::Id AntennaEventLoop::StartTimer(std::uint64_t value, Task task) {
-  if (m_table.startTimerFn == nullptr) {
-    KeepCopyWithoutSlot(std::move(task));
-    return 0;
-  }
-  Task* const copy = new Task(std::move(task));
-  const Id id = m_table.startTimerFn(value, &RunRepeating, copy);
-  timers[id] = copy;
-  return id;
+  if (m_table.startTimerFn == nullptr) return 0;
+  const std::uint64_t life = m_life;
+  auto* const stop = m_table.stopTimerFn;
+  return Post(&AntennaEventLoop::timers, "StartTimer", std::move(task),
+              [slot = m_table.startTimerFn, value, life, stop](void* context) {
+                const Id id = slot(value, &RunRepeating, context);
+                if (Living(life) == nullptr && stop != nullptr) {  // ended while it was started
+                  static_cast<Posted*>(context)->End();
+                  stop(id);
+                }
+                return id;
+              });
+}
+
+void AntennaEventLoop::RunOnce(void* context) {
+  auto* const posted = static_cast<Posted*>(context);
+  const Posted::Hold hold(*posted);
+  const Posted::EndsHere ends(*posted);
+  Guarded(posted->Name(), [posted] { posted->Run(); });
 }
 
 void AntennaEventLoop::RunRepeating(void* context) {
-  auto* const task = static_cast<Task*>(context);
-  bool stopped = false;
-  {
-    const InFlight running(g_running, task);
-    (*task)();
-    stopped = running.Done();
-  }
-  if (stopped) delete task;
+  auto* const posted = static_cast<Posted*>(context);
+  const Posted::Hold hold(*posted);
+  Guarded(posted->Name(), [posted] { posted->Run(); });
+}
+
+void AntennaEventLoop::Cancel(Route route, void (*slot)(std::uint64_t), Id id) {
+  if (slot == nullptr) return;
+  const std::uint64_t life = m_life;
+  slot(id);
+  AntennaEventLoop* const loop = Living(life);
+  if (loop == nullptr) return;
+  const auto found = (loop->*route).find(id);
+  if (found == (loop->*route).end()) return;
+  const Posted::Hold hold(*found->second);
+  found->second->End();
+}
+
+void AntennaEventLoop::CancelTask(Id id) {
+  Cancel(&AntennaEventLoop::tasks, m_table.cancelTaskFn, id);
+}
+void AntennaEventLoop::CancelTaskAlt1(Id id) {
+  Cancel(&AntennaEventLoop::tasksAlt1, m_table.cancelTaskFn, id);
+}
+void AntennaEventLoop::CancelTaskAlt2(Id id) {
+  Cancel(&AntennaEventLoop::tasksAlt2, m_table.cancelAlt2Fn, id);
+}
+void AntennaEventLoop::CancelDelayedTask(Id id) {
+  Cancel(&AntennaEventLoop::delayedTasks, m_table.cancelDelayedFn, id);
 }
 
 void AntennaEventLoop::RunBorrowed(void* context) {
-  (*static_cast<Task*>(context))();
+  Guarded("RunTaskSync", [context] { (*static_cast<Task*>(context))(); });
 }
 
 void AntennaEventLoop::RunTaskSync(Task& task) {
@@ -242,14 +274,17 @@ void AntennaEventLoop::RemoveListener(Id id) {
 }
 
 void AntennaEventLoop::RunListeners(void*) {
-  // A listener may add and remove listeners, itself among them, and may end this object.
-  Id last = 0;
-  for (auto next = GetInstance()->listeners.begin(); next != GetInstance()->listeners.end();
-       next = GetInstance()->listeners.upper_bound(last)) {
-    last = next->first;
-    const Task listener = next->second;
-    listener();
-  }
+  Guarded("observer", [] {
+    const std::uint64_t life = GetInstance()->m_life;
+    Id last = 0;  // the first listener has id 1
+    while (AntennaEventLoop* const loop = Living(life)) {
+      const auto next = loop->listeners.upper_bound(last);
+      if (next == loop->listeners.end()) return;
+      last = next->first;
+      const Task listener = next->second;  // it may remove itself while it runs
+      listener();
+    }
+  });
 }
 
 std::uint32_t AntennaEventLoop::Query(std::uint32_t first, std::uint32_t second) const {

@@ -6,6 +6,11 @@
 //
 // The plug-in has no loop, thread or lock of its own. The host calls back on the thread that calls
 // the exports, or takes care that the two never overlap. [loop thread]
+//
+// A call that leaves this class, into the host or into a callable, may come back in, end this
+// object and make another. So what is needed after the call is held by the caller: the object is
+// touched again only if it is still the same one, and a callable lives until its last run has
+// returned.
 #pragma once
 
 #include <cstddef>
@@ -25,18 +30,14 @@ class AntennaEventLoop : public VELLOMAR_COMMON::Singleton<AntennaEventLoop> {
 
   static constexpr std::size_t kListenerLimit = 67'108'863;
 
-  AntennaEventLoop() = default;
-  ~AntennaEventLoop() override;
-
-  // Copies the host's table and registers the observer.
+  // Copies the host's table and registers the observer; one that is registered on another loop is
+  // taken off that one first.
   void Init(const EventLoopTable& table);
-  // Removes the observer and stops the timers. What is posted stays posted.
+  // Removes the observer and stops the timers. What is posted stays posted: the host may run it
+  // until it unloads the library, also when this object is gone.
   void Uninit();
-  // Hands what is still posted over to the library itself: the host may run it until it unloads the
-  // library, also when this object is gone.
-  void AbandonTasks();
 
-  // Run once. 0 where the host has no such slot; the copy made for it is then lost on purpose.
+  // Run once. 0 where the host has no such slot; the task is then freed without having run.
   Id PostTask(Task task);
   Id PostTaskAlt1(Task task);
   Id PostTaskAlt2(Task task);
@@ -73,19 +74,27 @@ class AntennaEventLoop : public VELLOMAR_COMMON::Singleton<AntennaEventLoop> {
   std::size_t TimerCount() const { return timers.size(); }
 
  private:
-  // The pointers are owning. They are plain because a task that has run is still looked up by its
-  // address after it was freed.
-  using TaskMap = std::map<Id, Task*>;
+  // A callable that the host may call back. Not owned by this object, which it may outlive.
+  class Posted;
+  using TaskMap = std::map<Id, Posted*>;
+  using Route = TaskMap AntennaEventLoop::*;
 
-  template <TaskMap AntennaEventLoop::*route>
+  enum class Observer { kNone, kAsked, kRegistered };
+
   static void RunOnce(void* context);
   static void RunRepeating(void* context);
   static void RunBorrowed(void* context);
   static void RunListeners(void* context);
 
-  template <TaskMap AntennaEventLoop::*route, typename CallHost>
-  Id Post(bool has_slot, Task task, CallHost call_host);
-  void Cancel(TaskMap& route, void (*slot)(std::uint64_t), Id id);
+  // The object of this life; null when it has ended.
+  static AntennaEventLoop* Living(std::uint64_t life) {
+    return HasInstance() && GetInstance()->m_life == life ? GetInstance() : nullptr;
+  }
+
+  template <typename CallHost>
+  Id Post(Route route, const char* name, Task task, CallHost call_host);
+  void Cancel(Route route, void (*slot)(std::uint64_t), Id id);
+  void RegisterObserver();
 
   EventLoopTable m_table{};
   std::map<Id, Task> listeners;
@@ -94,9 +103,13 @@ class AntennaEventLoop : public VELLOMAR_COMMON::Singleton<AntennaEventLoop> {
   TaskMap tasks;
   TaskMap tasksAlt1;
   TaskMap tasksAlt2;
-  Id observerId = 0;
+  Id observerId = 0;  // the host may give out 0 as well: whether there is one says m_observer
+  Observer m_observer = Observer::kNone;
+  std::uint64_t m_observerRequests = 0;
   std::size_t m_listenerLimit = kListenerLimit;
+  const std::uint64_t m_life = ++s_lives;
 
+  inline static std::uint64_t s_lives = 0;
   inline static Id s_lastListenerId = 0;
 };
 

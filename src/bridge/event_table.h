@@ -25,7 +25,6 @@ class EventTable {
   }
 
   bool Empty() const { return m_handlers.empty(); }
-  std::size_t Size() const { return m_handlers.size(); }
 
  private:
   std::unordered_map<std::uint64_t, HostEventHandler> m_handlers;

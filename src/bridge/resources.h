@@ -95,15 +95,25 @@ using VELLOMAR_COMMON::MakeCString;
 // [loop thread]
 class __ResourceCollectionPool__ : public VELLOMAR_COMMON::Singleton<__ResourceCollectionPool__> {
  public:
+  using Collections = std::map<std::uint64_t, std::shared_ptr<__ResourceCollection__>>;
+  using Entry = Collections::node_type;
+
+  // An empty collection to be stored under the key. Adding it cannot fail.
+  static Entry MakeEntry(std::uint64_t key) {
+    Collections made;
+    made.emplace(key, std::make_shared<__ResourceCollection__>());
+    return made.extract(key);
+  }
   // Replaces, and so releases, what is stored under the same key.
-  void Add(std::uint64_t key, std::shared_ptr<__ResourceCollection__> collection) {
-    m_collections[key] = std::move(collection);
+  void Add(Entry entry) {
+    auto added = m_collections.insert(std::move(entry));
+    if (!added.inserted) added.position->second = std::move(added.node.mapped());
   }
   // The number of collections released: 0 or 1.
   std::size_t Drop(std::uint64_t key) { return m_collections.erase(key); }
 
  private:
-  std::map<std::uint64_t, std::shared_ptr<__ResourceCollection__>> m_collections;
+  Collections m_collections;
 };
 
 }  // namespace VELLOMAR_CONTROLBAR

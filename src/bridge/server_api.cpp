@@ -43,7 +43,7 @@ VellomarServerApiResponser::VellomarServerApiResponser() {
 
 void VellomarServerApiResponser::SetCallback(std::uint64_t id, Callback callback) {
   if (id == VELLOMAR_RESPONSE_AVATAR || m_handlers.count(id) == 0) return;
-  m_callbacks[id] = std::move(callback);
+  m_callbacks[id] = std::make_shared<const Callback>(std::move(callback));
 }
 
 bool VellomarServerApiResponser::OnReceive(std::uint64_t id, void* payload) {
@@ -56,12 +56,15 @@ bool VellomarServerApiResponser::OnReceive(std::uint64_t id, void* payload) {
 
 void VellomarServerApiResponser::OnAvatar(std::uint64_t, void* payload) {
   const auto& record = *static_cast<const VellomarAvatarResponse*>(payload);
-  if (m_avatarCallback) m_avatarCallback(Copy(record.avatarKey), Copy(record.avatarPath));
+  const auto callback = m_avatarCallback;
+  if (callback && *callback) (*callback)(Copy(record.avatarKey), Copy(record.avatarPath));
 }
 
 void VellomarServerApiResponser::OnOther(std::uint64_t id, void* payload) {
   const auto found = m_callbacks.find(id);
-  if (found != m_callbacks.end() && found->second) found->second(id, payload);
+  if (found == m_callbacks.end()) return;
+  const auto callback = found->second;
+  if (*callback) (*callback)(id, payload);
 }
 
 bool VellomarServerApiSlot::OnDelegate(std::uint64_t id, void* payload) {

@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <unordered_map>
 
@@ -36,12 +37,15 @@ class VellomarServerApiResponser : public VELLOMAR_COMMON::Singleton<VellomarSer
 
   VellomarServerApiResponser();
 
-  void SetAvatarCallback(AvatarCallback callback) { m_avatarCallback = std::move(callback); }
+  void SetAvatarCallback(AvatarCallback callback) {
+    m_avatarCallback = std::make_shared<const AvatarCallback>(std::move(callback));
+  }
   // For the responses other than the avatar's, whose payload is passed on as it came. An id that is
   // not one of them is ignored.
   void SetCallback(std::uint64_t id, Callback callback);
 
-  // False for a null payload and for an unknown id.
+  // False for a null payload and for an unknown id. What is called may store another callable in
+  // its own place, and may end the plug-in.
   bool OnReceive(std::uint64_t id, void* payload);
 
  private:
@@ -51,8 +55,9 @@ class VellomarServerApiResponser : public VELLOMAR_COMMON::Singleton<VellomarSer
   void OnOther(std::uint64_t id, void* payload);
 
   std::unordered_map<std::uint64_t, Handler> m_handlers;
-  AvatarCallback m_avatarCallback;
-  std::unordered_map<std::uint64_t, Callback> m_callbacks;
+  // Shared: a callable that is replaced while it runs lives until it returns.
+  std::shared_ptr<const AvatarCallback> m_avatarCallback;
+  std::unordered_map<std::uint64_t, std::shared_ptr<const Callback>> m_callbacks;
 };
 
 // Delegate calls: the host may make them, and the plug-in has a handler for none.

@@ -92,6 +92,8 @@ template <const char* name, typename Record, auto operation>
 void Sync(std::uint64_t id, void* payload) {
   auto& record = *static_cast<Record*>(payload);
   auto arguments = Decode(record);
+  auto& pool = *__ResourceCollectionPool__::GetInstance();
+  auto kept = __ResourceCollectionPool__::MakeEntry(id);
   typename Signature<decltype(operation)>::Result result{};
   {
     const TraceScope scope(name);
@@ -101,7 +103,7 @@ void Sync(std::uint64_t id, void* payload) {
   }
   Answer(record, result);
   // What the answer points to would live here until the host drops it; today it points to nothing.
-  __ResourceCollectionPool__::GetInstance()->Add(id, std::make_shared<__ResourceCollection__>());
+  pool.Add(std::move(kept));
 }
 
 template <const char* name>
@@ -121,10 +123,12 @@ void TraceOnly(std::uint64_t, void*) {
   &Sync<kName_##name, record, &ControlbarManager::operation>
 #define VELLOMAR_HANDLER_TraceOnly(name, record, operation) &TraceOnly<kName_##name>
 
-void FillEventTable(EventTable& table) {
+EventTable MakeEventTable() {
+  EventTable table;
 #define VELLOMAR_COMMAND(id, name, record, route, operation, fields) \
   table.Add(id, VELLOMAR_HANDLER_##route(name, record, operation));
 #include "vellomar/command_table.def"
+  return table;
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

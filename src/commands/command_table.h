@@ -6,8 +6,8 @@
 
 namespace VELLOMAR_CONTROLBAR {
 
-// Adds a handler for every row of vellomar/command_table.def, in the order of the rows. A handler
+// A handler for every row of vellomar/command_table.def, added in the order of the rows. A handler
 // runs on the thread that called ExportedCallEvent; the work it starts runs on the host's loop.
-void FillEventTable(EventTable& table);
+EventTable MakeEventTable();
 
 }  // namespace VELLOMAR_CONTROLBAR

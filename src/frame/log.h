@@ -6,7 +6,7 @@
 //     VELLOMAR_LOG::Fault("params is nullptr!");
 //
 // Format strings are checked against their arguments at compile time. A line of ordinary length is
-// formatted on the stack. [any thread, as far as the log library allows]
+// formatted on the stack. [loop thread: LogInstance is made at its first use, without a lock]
 #pragma once
 
 #include <fmt/format.h>

@@ -194,9 +194,8 @@ void Run(const PlainAction& action, const UserActions&) {
 void Run(const TagAction& action, const UserActions& user) {
   const HandlerScope scope(action.handler);
   if (!user.HasTag(action.handler)) return;
-  const std::string tag = user.event.valueText;  // the host may change the record while it is told
-  action.send(tag.c_str());
-  Log(action.log, tag.c_str());
+  action.send(user.event.valueText);
+  Log(action.log, user.event.valueText);
 }
 
 template <typename Table>

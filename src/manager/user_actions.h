@@ -18,8 +18,8 @@ inline constexpr Words kEnabled{"enabled", "disabled"};
 inline constexpr Words kBool{"true", "false"};
 
 struct UserActions {
-  // Runs the handlers of the event's key, if there are any. The record is read before the host is
-  // told. [UI thread of the widgets]
+  // Runs the handlers of the event's key, if there are any. The event is the caller's own copy: the
+  // host may do anything while it is told. [UI thread of the widgets]
   static void Dispatch(ControlbarManager& manager, const BtnParams& event);
 
   ControlbarManager& manager;

@@ -5,31 +5,71 @@
 #include <iterator>
 #include <utility>
 
+#include "frame/guard.h"
 #include "manager/controlbar_manager.h"
 #include "manager/user_actions.h"
 
 namespace VELLOMAR_CONTROLBAR {
 
+using VELLOMAR_LOG::Guarded;
 using VELLOMAR_LORIMEL::Lorimel;
 
 namespace {
 
 // The widget library calls plain functions.
 void OnCreated(void* handle, int x, int y, int width, int height, bool is_main, std::uint64_t id) {
-  ControlbarManager::GetInstance()->OnControlbarCreated(handle, is_main, id, x, y, width, height);
+  Guarded("OnControlbarCreated", [&] {
+    ControlbarManager::GetInstance()->OnControlbarCreated(handle, is_main, id, x, y, width, height);
+  });
 }
 
 void OnClosed(void* handle) {
-  ControlbarManager::GetInstance()->OnControlbarClosed(handle);
+  Guarded("OnControlbarClosed",
+          [&] { ControlbarManager::GetInstance()->OnControlbarClosed(handle); });
 }
 
 void OnEvent(BtnParams& params) {
-  ControlbarManager::GetInstance()->OnUIEvent(params);
+  Guarded("OnUIEvent", [&] { ControlbarManager::GetInstance()->OnUIEvent(params); });
 }
 
 BtnParams* OnShowWindow(EventKey key, int& count) {
-  return ControlbarManager::GetInstance()->OnGetWindowInfo(key, count);
+  BtnParams* rows = nullptr;
+  const bool built = Guarded("OnGetWindowInfo", [&] {
+    rows = ControlbarManager::GetInstance()->OnGetWindowInfo(key, count);
+  });
+  if (built) return rows;
+  count = 0;
+  return nullptr;
 }
+
+// What the plug-in reads of an event, as it was when it came. The host may close the bar, and the
+// library change or free its record, while the host is told.
+class ReceivedEvent {
+ public:
+  explicit ReceivedEvent(const BtnParams& params) {
+    m_event.key = params.key;
+    m_event.status = params.status;
+    m_event.groupValue = params.groupValue;
+    m_event.objectName = Keep(params.objectName, m_name);
+    m_event.text = Keep(params.text, m_text);
+    m_event.valueText = Keep(params.valueText, m_tag);
+  }
+  ReceivedEvent(const ReceivedEvent&) = delete;
+  ReceivedEvent& operator=(const ReceivedEvent&) = delete;
+
+  const BtnParams& Params() const { return m_event; }
+
+ private:
+  // A text that is not there stays away: it is not the same as an empty one.
+  static const char* Keep(const char* text, std::string& kept) {
+    if (text == nullptr) return nullptr;
+    kept = text;
+    return kept.c_str();
+  }
+
+  BtnParams m_event{};
+  std::string m_name, m_text, m_tag;
+};
 
 struct WindowRows {
   EventKey key;
@@ -143,9 +183,10 @@ BtnParams* ControlbarManager::OnGetWindowInfo(EventKey key, int& count) {
 void ControlbarManager::OnUIEvent(BtnParams& params) {
   if (!m_key1077Enabled && params.key == EventKey::WidgetMoving) return;
   const Scope scope(__func__);
+  const ReceivedEvent event(params);
   VELLOMAR_LOG::Info("OnUIEvent type:{}", static_cast<int>(params.key));
-  OnItemValueChanged(params);
-  UserActions::Dispatch(*this, params);
+  OnItemValueChanged(event.Params());
+  UserActions::Dispatch(*this, event.Params());
 }
 
 void ControlbarManager::OnItemValueChanged(const BtnParams& params) {

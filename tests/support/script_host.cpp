@@ -5,6 +5,15 @@ ScriptHost* ScriptHost::current_ = nullptr;
 
 void ScriptHost::Note(const char* slot, std::uint64_t id) {
   calls.push_back(std::string(slot) + " " + std::to_string(id));
+  DoInside(slot);
+}
+
+void ScriptHost::DoInside(const char* slot) {
+  const auto found = inside.find(slot);
+  if (found == inside.end()) return;
+  const auto action = std::move(found->second);
+  inside.erase(found);
+  action();
 }
 
 std::uint64_t ScriptHost::Post(const char* slot, std::uint64_t value, LoopCallback* callback,
@@ -24,13 +33,15 @@ EventLoopTable ScriptHost::Table() const {
   table.queryFn = [](std::uint32_t a, std::uint32_t b) { return a * 10 + b; };
   table.addObserverFn = [](LoopCallback* callback, void* context) {
     current_->observer = {callback, context};
-    current_->Note("addObserver", current_->observer_id);
-    return current_->observer_id;
+    const std::uint64_t id = current_->observer_id;
+    current_->Note("addObserver", id);
+    return id;
   };
   table.removeObserverFn = [](std::uint64_t id) { current_->Note("removeObserver", id); };
   table.startTimerFn = [](std::uint64_t value, LoopCallback* callback, void* context) {
     const std::uint64_t id = current_->next_id++;
     current_->timers[id] = {callback, context, value};
+    current_->DoInside("startTimer");
     return id;
   };
   table.stopTimerFn = [](std::uint64_t id) { current_->Note("stopTimer", id); };

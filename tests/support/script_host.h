@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -46,10 +47,13 @@ class ScriptHost {
   std::map<std::uint64_t, Call> timers;
   Call observer;
   std::vector<std::string> calls;  // "cancelTask 101", in order
+  // What the host does inside the next call of a slot, by the slot's name.
+  std::map<std::string, std::function<void()>> inside;
 
  private:
   std::uint64_t Post(const char* slot, std::uint64_t value, LoopCallback* callback, void* context);
   void Note(const char* slot, std::uint64_t id);
+  void DoInside(const char* slot);
 
   static ScriptHost* current_;
 };
