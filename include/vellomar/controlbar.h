@@ -14,8 +14,10 @@
  * Thread: call every export on the thread that runs the host's event loop, marked [loop thread], or
  * serialise the calls with the loop's callbacks. The plug-in takes no lock and starts no thread.
  *
- * Errors: nothing is thrown through an export. Faults are written to the log library
- * (vellomar/log.h); the results below say all that a host can learn from a call.
+ * Errors: no exception leaves the plug-in, through an export or through a callback that it gave to
+ * the host; ExportedInit alone lets a failure to get memory out, as std::bad_alloc. Faults are
+ * written to the log library (vellomar/log.h); the results below say all that a host can learn from
+ * a call.
  *
  * Memory: whoever creates a text or a record owns it. The other side may read it during the call
  * only and copies what it keeps. 64-bit ids cross as two 32-bit words, low word first.

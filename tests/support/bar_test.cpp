@@ -37,6 +37,7 @@ void BarTest::OnNotify(const char* sender, std::uint32_t low, std::uint32_t high
   std::string line(row->name);
   if (!fields.empty()) line += " " + vellomar_host::ToLine(fields);
   current_->told_.push_back(line);
+  if (auto action = current_->inside.extract(std::string(row->name))) action.mapped()();
 }
 
 void BarTest::OnRequest(const char* sender, std::uint32_t low, std::uint32_t high, void* record) {

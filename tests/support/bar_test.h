@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -72,6 +73,8 @@ class BarTest : public testing::Test {
   // Answers to the participant request by user id; 0 for others.
   std::map<std::string, std::int64_t> answers;
   std::vector<std::string> requests;  // user ids, in order
+  // What the host does inside the next notification of a name.
+  std::map<std::string, std::function<void()>> inside;
 
  private:
   static void OnNotify(const char* sender, std::uint32_t low, std::uint32_t high, void* payload);
