@@ -64,9 +64,10 @@ char* CopyToCString(std::string_view text);
 
 template <typename Side>
 void MakeCString(std::string_view text, const char*& out, ResourceCollection<Side>& collection) {
-  char* block = CopyToCString(text);
-  out = block;
-  collection.Add(std::make_shared<PointerResource<Side, char>>(block));
+  std::unique_ptr<char, decltype(&std::free)> block(CopyToCString(text), &std::free);
+  auto resource = std::make_shared<PointerResource<Side, char>>(block.get());
+  out = block.release();
+  collection.Add(std::move(resource));
 }
 
 }  // namespace VELLOMAR_COMMON
