@@ -6,11 +6,85 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 #include "plugin/text.h"
 
 namespace streams {
 namespace {
+
+struct Size {
+  std::size_t size, alignment;
+};
+
+Size SizeOf(const std::string& type, std::size_t pointer) {
+  if (type == "flag") return {1, 1};
+  if (type == "int") return {4, 4};
+  if (type == "text") return {pointer, pointer};
+  for (const Message& message : Messages(pointer)) {
+    if (message.kind == "record" && message.name == type) return {message.size, message.alignment};
+  }
+  return {8, 8};
+}
+
+std::size_t Place(Message& message, Size size) {
+  const std::size_t before = (message.size + size.alignment - 1) / size.alignment * size.alignment;
+  message.size = before + size.size;
+  message.alignment = std::max(message.alignment, size.alignment);
+  return before;
+}
+
+void AddField(Message& message, std::istringstream words, std::size_t pointer) {
+  Field field;
+  if (!(words >> field.written_offset >> field.type)) return;
+  field.is_out = field.type == "out";
+  if (field.is_out) words >> field.type;
+  words >> field.name;
+  field.is_array = field.type.ends_with("[]");
+  if (field.is_array) field.type.resize(field.type.size() - 2);
+  field.offset = Place(message, SizeOf(field.is_array ? "text" : field.type, pointer));
+  if (field.is_array) Place(message, SizeOf("int", pointer));
+  message.fields.push_back(field);
+}
+
+Message ParseMessage(const std::string& line, std::size_t pointer) {
+  const std::size_t colon = line.find(':');
+  Message message;
+  std::istringstream words(line.substr(0, colon));
+  words >> message.kind;
+  if (message.kind != "record") words >> message.id;
+  if (message.kind == "command") words >> message.route;
+  words >> message.name >> message.operation;
+  std::istringstream fields(line.substr(colon + 1));
+  for (std::string field; std::getline(fields, field, ',');) {
+    AddField(message, std::istringstream(field), pointer);
+  }
+  Place(message, {0, message.alignment});
+  return message;
+}
+
+bool Take(std::string_view& rest, char letter) {
+  if (!rest.starts_with(letter)) return false;
+  rest.remove_prefix(1);
+  return true;
+}
+
+Word TakeWord(std::string_view& rest) {
+  rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+  Word word;
+  if (!Take(rest, '"')) {
+    word.text = rest.substr(0, rest.find_first_of(" ,]*"));
+    rest.remove_prefix(word.text.size());
+    word.is_null = word.text == "null";
+    return word;
+  }
+  while (!rest.empty() && !Take(rest, '"')) {
+    Take(rest, '\\');
+    word.text += rest.front();
+    rest.remove_prefix(1);
+  }
+  return word;
+}
 
 template <typename T>
 T Load(const std::byte* at) {
@@ -24,119 +98,15 @@ void Store(std::byte* at, T value) {
   std::memcpy(at, &value, sizeof value);
 }
 
-struct Size {
-  std::size_t size, alignment;
-};
-
-Size SizeOf(const std::string& type, std::size_t pointer_size) {
-  if (type == "flag") return {1, 1};
-  if (type == "int") return {4, 4};
-  if (type == "long" || type == "ulong" || type == "slot") return {8, 8};
-  if (type == "text") return {pointer_size, pointer_size};
-  Record nested = FindMessage("record", type)->record;
-  Place(nested, pointer_size);
-  return {nested.size, nested.alignment};
-}
-
-Field ParseField(std::istringstream words) {
-  Field field;
-  words >> field.written_offset >> field.type;
-  field.is_out = field.type == "out";
-  if (field.is_out) words >> field.type;
-  words >> field.name;
-  field.is_array = field.type.ends_with("[]");
-  if (field.is_array) field.type.resize(field.type.size() - 2);
-  return field;
-}
-
-Message ParseMessage(const std::string& line) {
-  const std::size_t colon = line.find(':');
-  Message message;
-  std::istringstream words(line.substr(0, colon));
-  words >> message.kind;
-  if (message.kind != "record") words >> message.id;
-  if (message.kind == "command") words >> message.route;
-  words >> message.name >> message.operation;
-  std::istringstream fields(line.substr(colon + 1));
-  for (std::string field; std::getline(fields, field, ',');) {
-    if (field.find_first_not_of(' ') != field.npos) {
-      message.record.fields.push_back(ParseField(std::istringstream(field)));
-    }
-  }
-  return message;
-}
-
-// Reads arguments from left to right.
-struct Reader {
-  std::string_view rest;
-
-  [[noreturn]] void Fail() const { throw std::runtime_error("cannot read: " + std::string(rest)); }
-  void SkipBlanks() { rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size())); }
-  bool Take(char letter) {
-    if (!rest.starts_with(letter)) return false;
-    rest.remove_prefix(1);
-    return true;
-  }
-  std::string Word() {
-    const std::size_t end = std::min(rest.find_first_of(" ,=[]*\""), rest.size());
-    if (end == 0) Fail();
-    const std::string word(rest.substr(0, end));
-    rest.remove_prefix(end);
-    return word;
-  }
-  std::string QuotedRest() {
-    std::string text;
-    while (!Take('"')) {
-      Take('\\');
-      if (rest.empty()) Fail();
-      text += rest.front();
-      rest.remove_prefix(1);
-    }
-    return text;
-  }
-  Value Plain() {
-    Value value;
-    if (Take('"')) {
-      value.text = QuotedRest();
-    } else {
-      value.text = Word();
-      value.is_null = value.text == "null";
-    }
-    return value;
-  }
-  Value Item() {
-    Value item;
-    for (SkipBlanks(); !rest.starts_with(',') && !rest.starts_with(']'); SkipBlanks()) {
-      item.items.push_back(Plain());
-    }
-    return item;
-  }
-  Value Any() {
-    Value value;
-    if (!Take('[')) {
-      value = Plain();
-    } else if (!Take(']')) {
-      do value.items.push_back(Item());
-      while (Take(','));
-      if (!Take(']')) Fail();
-    }
-    if (Take('*')) value.count = std::stoi(Word());
-    return value;
-  }
-};
-
-const std::string& Single(const Value& value) {
-  return value.items.size() == 1 ? Single(value.items[0]) : value.text;
-}
-
 std::string PrintValue(const std::string& type, const std::byte* at) {
   if (type == "flag") return std::to_string(Load<std::uint8_t>(at));
   if (type == "int") return std::to_string(Load<std::int32_t>(at));
   if (type == "ulong") return std::to_string(Load<std::uint64_t>(at));
-  if (type == "long" || type == "slot") return std::to_string(Load<std::int64_t>(at));
   if (type == "text") return Quoted(Load<const char*>(at));
+  const Message* const nested = FindMessage("record", type);
+  if (nested == nullptr) return std::to_string(Load<std::int64_t>(at));
   std::string list;
-  for (const Field& field : FindMessage("record", type)->record.fields) {
+  for (const Field& field : nested->fields) {
     list += (list.empty() ? "[" : " ") + PrintValue(field.type, at + field.offset);
   }
   return list + "]";
@@ -150,33 +120,17 @@ std::string ReadFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void Place(Record& record, std::size_t pointer_size) {
-  record.size = 0;
-  record.alignment = 1;
-  const auto add = [&record](Size size) {
-    const std::size_t offset = (record.size + size.alignment - 1) / size.alignment * size.alignment;
-    record.size = offset + size.size;
-    record.alignment = std::max(record.alignment, size.alignment);
-    return offset;
-  };
-  for (Field& field : record.fields) {
-    field.offset =
-        add(field.is_array ? Size{pointer_size, pointer_size} : SizeOf(field.type, pointer_size));
-    if (field.is_array) add({4, 4});
-  }
-  record.size = (record.size + record.alignment - 1) / record.alignment * record.alignment;
-}
-
-const std::vector<Message>& Messages() {
-  static std::vector<Message> messages;
-  if (messages.empty()) {
+const std::vector<Message>& Messages(std::size_t pointer_size) {
+  static std::map<std::size_t, std::vector<Message>> by_size;
+  const auto [messages, is_new] = by_size.try_emplace(pointer_size);
+  if (is_new) {
     std::istringstream lines(ReadFile("tables/messages.txt"));
     for (std::string line; std::getline(lines, line);) {
-      if (!line.empty() && line[0] != '#') messages.push_back(ParseMessage(line));
+      if (line.empty() || line[0] == '#') continue;
+      messages->second.push_back(ParseMessage(line, pointer_size));
     }
-    for (Message& message : messages) Place(message.record, sizeof(void*));
   }
-  return messages;
+  return messages->second;
 }
 
 const Message* FindMessage(std::string_view kind, std::string_view name) {
@@ -193,80 +147,86 @@ const Message* FindMessage(std::string_view kind, std::uint64_t id) {
   return nullptr;
 }
 
-std::vector<Argument> ParseArguments(std::string_view line) {
-  std::vector<Argument> arguments;
-  Reader reader{line};
-  for (reader.SkipBlanks(); !reader.rest.empty(); reader.SkipBlanks()) {
-    const std::string name = reader.Word();
-    if (!reader.Take('=')) reader.Fail();
-    arguments.push_back({name, reader.Any()});
+Arguments ParseArguments(std::string_view line) {
+  Arguments arguments;
+  std::string name, value;
+  bool quoted = false, in_value = false;
+  int depth = 0;
+  for (std::size_t i = 0; i <= line.size(); ++i) {
+    const char letter = i < line.size() ? line[i] : ' ';
+    if (letter == '"' && line[i - 1] != '\\') quoted = !quoted;
+    if (!quoted) depth += letter == '[' ? 1 : letter == ']' ? -1 : 0;
+    if (letter == ' ' && !quoted && depth == 0) {
+      if (!name.empty()) arguments[std::exchange(name, "")] = std::exchange(value, "");
+      in_value = false;
+    } else if (letter == '=' && !in_value) {
+      in_value = true;
+    } else {
+      (in_value ? value : name) += letter;
+    }
   }
   return arguments;
 }
 
-Payload::Payload(const Record& record, const std::vector<Argument>& arguments)
-    : record_(record.size / sizeof(std::uint64_t) + 1, 0xA5A5A5A5A5A5A5A5u) {
+Word ParseWord(std::string_view value) {
+  return TakeWord(value);
+}
+
+Payload::Payload(const Message& message, Arguments arguments)
+    : record_(message.size / sizeof(std::uint64_t) + 1, 0xA5A5A5A5A5A5A5A5u) {
   auto* const bytes = reinterpret_cast<std::byte*>(record_.data());
-  std::size_t used = 0;
-  for (const Field& field : record.fields) {
+  for (const Field& field : message.fields) {
     if (field.is_out) continue;
-    const auto given = std::find_if(arguments.begin(), arguments.end(),
-                                    [&](const Argument& a) { return a.name == field.name; });
-    const bool has = given != arguments.end();
-    used += has ? 1 : 0;
-    Value none;
-    none.is_null = field.is_array || field.type == "text";
+    const auto given = arguments.extract(field.name);
+    std::string_view value = given ? std::string_view(given.mapped()) : "null";
     if (field.is_array) {
-      WriteArray(field, has ? given->value : none, bytes);
+      WriteArray(field.type, value, bytes + field.offset);
     } else {
-      Write(field.type, has ? given->value : none, bytes + field.offset);
+      Write(field.type, value, bytes + field.offset);
     }
   }
-  if (used != arguments.size()) throw std::runtime_error("an argument that the message has not");
-}
-
-void Payload::WriteArray(const Field& field, const Value& value, std::byte* record) {
-  const std::size_t size = SizeOf(field.type, sizeof(void*)).size;
-  const auto own_count = static_cast<std::int32_t>(value.items.size());
-  std::byte* elements = nullptr;
-  if (!value.is_null) {
-    Block& block = arrays_.emplace_back(value.items.size() * size / sizeof(std::uint64_t) + 1);
-    elements = reinterpret_cast<std::byte*>(block.data());
-  }
-  Store(record + field.offset, elements);
-  Store(record + field.offset + sizeof elements, value.count.value_or(own_count));
-  for (std::size_t i = 0; i < value.items.size(); ++i) {
-    Write(field.type, value.items[i], elements + i * size);
+  if (!arguments.empty()) {
+    throw std::runtime_error(message.name + " has no " + arguments.begin()->first);
   }
 }
 
-void Payload::Write(const std::string& type, const Value& value, std::byte* at) {
+// "*N" behind the brackets gives a count that is not the list's own.
+void Payload::WriteArray(const std::string& type, std::string_view rest, std::byte* at) {
+  const std::size_t size = SizeOf(type, sizeof(void*)).size;
+  std::int32_t count = 0;
+  Block* const block = Take(rest, '[') ? &arrays_.emplace_back(1) : nullptr;
+  if (block == nullptr) TakeWord(rest);  // null
+  while (block != nullptr && !Take(rest, ']')) {
+    const std::size_t end = static_cast<std::size_t>(count++) * size;
+    block->resize((end + size) / sizeof(std::uint64_t) + 1);
+    Write(type, rest, reinterpret_cast<std::byte*>(block->data()) + end);
+    if (!Take(rest, ',') && !rest.starts_with(']')) throw std::runtime_error("no end of the list");
+  }
+  if (Take(rest, '*')) count = std::stoi(std::string(rest));
+  Store<const void*>(at, block != nullptr ? block->data() : nullptr);
+  Store(at + sizeof(void*), count);
+}
+
+void Payload::Write(const std::string& type, std::string_view& rest, std::byte* at) {
   if (const Message* const nested = FindMessage("record", type)) {
-    // In brackets itself, or one item of a list.
-    const bool in_brackets = value.items.size() == 1 && !value.items[0].items.empty();
-    const auto& parts = in_brackets ? value.items[0].items : value.items;
-    for (std::size_t i = 0; i < nested->record.fields.size(); ++i) {
-      const Field& field = nested->record.fields[i];
-      Write(field.type, i < parts.size() ? parts[i] : Value{}, at + field.offset);
-    }
+    Take(rest, '[');
+    for (const Field& field : nested->fields) Write(field.type, rest, at + field.offset);
     return;
   }
-  const std::string& text = Single(value);
+  const auto [text, is_null] = TakeWord(rest);
   if (type == "text") {
-    const bool is_null = value.is_null || (value.items.size() == 1 && value.items[0].is_null);
     return Store(at, is_null ? nullptr : texts_.emplace_back(text).c_str());
   }
-  const std::int64_t number = text.empty()     ? 0
-                              : text[0] == '-' ? std::stoll(text)
-                                               : static_cast<std::int64_t>(std::stoull(text));
+  const bool is_zero = is_null || text.empty();
+  const std::uint64_t number = is_zero ? 0 : std::stoull(text);  // takes a sign as well
   if (type == "flag") return Store(at, static_cast<std::uint8_t>(number));
   if (type == "int" || type == "slot") return Store(at, static_cast<std::int32_t>(number));
   Store(at, number);
 }
 
-std::string PrintFields(const Record& record, const void* payload, bool answers) {
+std::string PrintFields(const Message& message, const void* payload, bool answers) {
   std::string line;
-  for (const Field& field : record.fields) {
+  for (const Field& field : message.fields) {
     if (answers && !field.is_out) continue;
     line += " " + field.name + "=" +
             PrintValue(field.type, static_cast<const std::byte*>(payload) + field.offset);

@@ -3,14 +3,14 @@
 // read by the layouts that stand there.
 //
 //   const Message& command = *FindMessage("command", "setAudioStatus");
-//   Payload payload(command.record, ParseArguments("status=2"));
+//   Payload payload(command, ParseArguments("status=2"));
 //   ExportedCallEvent(command.id, 0, payload.data());
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <optional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,17 +19,11 @@ namespace streams {
 
 struct Field {
   std::size_t written_offset = 0;  // as the table has it, for the 32-bit target
-  std::size_t offset = 0;          // in this build
-  std::string type;                // flag, int, long, ulong, slot, text or the name of a record
+  std::size_t offset = 0;
+  std::string type;  // flag, int, long, ulong, slot, text or the name of a record
   std::string name;
   bool is_array = false;
   bool is_out = false;
-};
-
-struct Record {
-  std::vector<Field> fields;
-  std::size_t size = 0;
-  std::size_t alignment = 1;
 };
 
 struct Message {
@@ -38,50 +32,49 @@ struct Message {
   char route = ' ';
   std::string name;
   std::string operation;
-  Record record;
+  std::vector<Field> fields;
+  std::size_t size = 0;
+  std::size_t alignment = 1;
 };
 
-const std::vector<Message>& Messages();
+// With the offsets for pointers of this size.
+const std::vector<Message>& Messages(std::size_t pointer_size = sizeof(void*));
+// Null where there is none.
 const Message* FindMessage(std::string_view kind, std::string_view name);
 const Message* FindMessage(std::string_view kind, std::uint64_t id);
 
-// Gives every field its offset for pointers of this size.
-void Place(Record& record, std::size_t pointer_size);
+// The values of "name=value ..." by name. Lists are in brackets: [mic-1 Headset, mic-2 "Built in"].
+using Arguments = std::map<std::string, std::string>;
+Arguments ParseArguments(std::string_view line);
 
-// What follows a "=": a word, or a list in brackets, whose items are separated by commas. The parts
-// of an item are separated by blanks: [mic-1 Headset, mic-2 "Built in"].
-struct Value {
+// A text out of an argument; null for the word null.
+struct Word {
   std::string text;
   bool is_null = false;
-  std::vector<Value> items;
-  std::optional<std::int32_t> count;  // [..]*-1: a count that is not the list's own
 };
-struct Argument {
-  std::string name;
-  Value value;
-};
-std::vector<Argument> ParseArguments(std::string_view line);
+Word ParseWord(std::string_view value);
 
-// A record as the host makes it. What no argument is for is zero; what the plug-in has no business
-// to read (padding, the upper halves of slots) or has to write is not.
+// A message as the host makes it: null or zero where there is no argument. What the plug-in has no
+// business to read (padding, the upper halves of slots) and what it has to write is neither.
 class Payload {
  public:
-  Payload(const Record& record, const std::vector<Argument>& arguments);
+  Payload(const Message& message, Arguments arguments);
   void* data() { return record_.data(); }
 
  private:
   using Block = std::vector<std::uint64_t>;
-  void Write(const std::string& type, const Value& value, std::byte* at);
-  void WriteArray(const Field& field, const Value& value, std::byte* record);
+  void Write(const std::string& type, std::string_view& rest, std::byte* at);
+  void WriteArray(const std::string& type, std::string_view rest, std::byte* at);
 
   Block record_;
   std::deque<std::string> texts_;
   std::deque<Block> arrays_;
 };
 
-// " mute=1 position=[1 2 3 4]": the fields of a record, all or those that are answers.
-std::string PrintFields(const Record& record, const void* payload, bool answers = false);
+// " mute=1 position=[1 2 3 4]": the fields, or of them the answers.
+std::string PrintFields(const Message& message, const void* payload, bool answers = false);
 
-std::string ReadFile(const std::string& path);  // below the folder of these sources
+// The file below the folder of these sources.
+std::string ReadFile(const std::string& path);
 
 }  // namespace streams

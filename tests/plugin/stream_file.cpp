@@ -81,33 +81,20 @@ Lines PlayBlock(const Block& block) {
   return actual;
 }
 
-std::string Difference(const Lines& expected, const Lines& actual, std::size_t line) {
-  constexpr std::size_t kContext = 3;
-  const auto lengths = CommonLengths(expected, actual);
-  Lines marked;
-  for (std::size_t i = 0, j = 0; i < expected.size() || j < actual.size();) {
-    if (i < expected.size() && j < actual.size() && expected[i] == actual[j]) {
-      marked.push_back(' ' + expected[i++]);
-      ++j;
-    } else if (j == actual.size() ||
-               (i < expected.size() && lengths[i + 1][j] >= lengths[i][j + 1])) {
-      marked.push_back('-' + expected[i++]);
-    } else {
-      marked.push_back('+' + actual[j++]);
-    }
-  }
+std::string Difference(const Lines& expected, const Lines& actual) {
+  if (expected == actual) return "";
+  const auto common = CommonLengths(expected, actual);
   std::string text;
-  std::size_t shown = 0;  // up to here
-  for (std::size_t at = 0; at < marked.size(); line += marked[at][0] != '+' ? 1 : 0, ++at) {
-    const std::size_t last = std::min(at + kContext + 1, marked.size());
-    const bool near =
-        std::any_of(marked.begin() + static_cast<std::ptrdiff_t>(at - std::min(at, kContext)),
-                    marked.begin() + static_cast<std::ptrdiff_t>(last),
-                    [](const std::string& m) { return m[0] != ' '; });
-    if (!near) continue;
-    if (text.empty() || shown != at) text += "@@ line " + std::to_string(line) + " @@\n";
-    text += marked[at] + '\n';
-    shown = at + 1;
+  for (std::size_t i = 0, j = 0; i < expected.size() || j < actual.size();) {
+    const bool more = i < expected.size(), now = j < actual.size();
+    if (more && now && expected[i] == actual[j]) {
+      text += ' ' + expected[i++] + '\n';
+      ++j;
+    } else if (!now || (more && common[i + 1][j] >= common[i][j + 1])) {
+      text += '-' + expected[i++] + '\n';
+    } else {
+      text += '+' + actual[j++] + '\n';
+    }
   }
   return text;
 }

@@ -22,7 +22,7 @@ class StreamTest : public testing::Test {
 
   void TestBody() override {
     const auto actual = streams::PlayBlock(block_);
-    const std::string difference = streams::Difference(block_.lines, actual, block_.line + 1);
+    const std::string difference = streams::Difference(block_.lines, actual);
     if (difference.empty()) return;
     const bool renews = std::getenv("VELLOMAR_RENEW") != nullptr;
     if (renews) streams::Renew(file_, block_, actual);

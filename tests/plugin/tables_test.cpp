@@ -16,7 +16,6 @@ namespace {
 
 using streams::Field;
 using streams::Message;
-using streams::Record;
 
 struct Any {
   template <typename T>
@@ -40,31 +39,21 @@ void AddOffsets(const T& value, const void* start, Offsets& offsets) {
   if constexpr (!std::is_class_v<T>) {
     offsets.push_back(static_cast<std::size_t>(reinterpret_cast<const char*>(&value) -
                                                static_cast<const char*>(start)));
-  } else if constexpr (constexpr std::size_t kCount = FieldCount<T>(); kCount == 1) {
-    const auto& [a] = value;
-    add(a);
-  } else if constexpr (kCount == 2) {
-    const auto& [a, b] = value;
-    add(a, b);
-  } else if constexpr (kCount == 3) {
-    const auto& [a, b, c] = value;
-    add(a, b, c);
-  } else if constexpr (kCount == 4) {
-    const auto& [a, b, c, d] = value;
-    add(a, b, c, d);
-  } else if constexpr (kCount == 5) {
-    const auto& [a, b, c, d, e] = value;
-    add(a, b, c, d, e);
-  } else if constexpr (kCount == 6) {
-    const auto& [a, b, c, d, e, f] = value;
-    add(a, b, c, d, e, f);
-  } else if constexpr (kCount == 8) {
-    const auto& [a, b, c, d, e, f, g, h] = value;
-    add(a, b, c, d, e, f, g, h);
-  } else {
-    const auto& [a, b, c, d, e, f, g, h, i, j, k] = value;
-    add(a, b, c, d, e, f, g, h, i, j, k);
   }
+#define FIELDS(count, ...)                                          \
+  if constexpr (std::is_class_v<T> && FieldCount<T>() == (count)) { \
+    const auto& [__VA_ARGS__] = value;                              \
+    add(__VA_ARGS__);                                               \
+  }
+  FIELDS(1, a)
+  FIELDS(2, a, b)
+  FIELDS(3, a, b, c)
+  FIELDS(4, a, b, c, d)
+  FIELDS(5, a, b, c, d, e)
+  FIELDS(6, a, b, c, d, e, f)
+  FIELDS(8, a, b, c, d, e, f, g, h)
+  FIELDS(11, a, b, c, d, e, f, g, h, i, j, k)
+#undef FIELDS
 }
 
 template <typename T>
@@ -75,11 +64,11 @@ Offsets OffsetsOf() {
   return offsets;
 }
 
-void AddOffsets(const Record& record, std::size_t start, Offsets& offsets) {
-  for (const Field& field : record.fields) {
+void AddOffsets(const Message& message, std::size_t start, Offsets& offsets) {
+  for (const Field& field : message.fields) {
     const Message* const nested = streams::FindMessage("record", field.type);
     if (nested != nullptr && !field.is_array) {
-      AddOffsets(nested->record, start + field.offset, offsets);
+      AddOffsets(*nested, start + field.offset, offsets);
       continue;
     }
     offsets.push_back(start + field.offset);
@@ -88,9 +77,9 @@ void AddOffsets(const Record& record, std::size_t start, Offsets& offsets) {
 }
 
 // "slot key, flag visible", as the plug-in's tables have it.
-std::string Notation(const Record& record) {
+std::string Notation(const Message& message) {
   std::string notation;
-  for (const Field& field : record.fields) {
+  for (const Field& field : message.fields) {
     notation += std::string(notation.empty() ? "" : ", ") + (field.is_out ? "out " : "") +
                 field.type + (field.is_array ? "[] " : " ") + field.name;
   }
@@ -125,14 +114,14 @@ void Compare(const std::string& kind, std::map<std::uint64_t, Row> rows) {
       continue;
     }
     EXPECT_EQ(row.mapped().name, message.name);
-    EXPECT_EQ(row.mapped().fields, Notation(message.record));
+    EXPECT_EQ(row.mapped().fields, Notation(message));
     if (kind == "command") {
       EXPECT_EQ(row.mapped().route, routes.at(message.route));
       EXPECT_EQ(row.mapped().operation, message.operation == "-" ? "None" : message.operation);
     }
     Offsets offsets;
-    AddOffsets(message.record, 0, offsets);
-    if (message.record.fields.empty()) continue;
+    AddOffsets(message, 0, offsets);
+    if (message.fields.empty()) continue;
     EXPECT_EQ(row.mapped().offsets, offsets);
   }
   EXPECT_TRUE(rows.empty()) << "nothing says what " << rows.begin()->second.name << " is";
@@ -155,17 +144,15 @@ TEST(Tables, RequestAndResponseLieAsWritten) {
     const Message* const message = streams::FindMessage(kind, id);
     ASSERT_NE(message, nullptr) << kind;
     Offsets written;
-    AddOffsets(message->record, 0, written);
+    AddOffsets(*message, 0, written);
     EXPECT_EQ(written, offsets) << kind;
   }
 }
 
 // Where pointers have four bytes, the computed offsets are the written ones.
 TEST(Tables, WrittenOffsetsAreThoseOfThe32BitTarget) {
-  for (const Message& message : streams::Messages()) {
-    Record record = message.record;
-    streams::Place(record, 4);
-    for (const Field& field : record.fields) {
+  for (const Message& message : streams::Messages(4)) {
+    for (const Field& field : message.fields) {
       EXPECT_EQ(field.offset, field.written_offset) << message.name << '.' << field.name;
     }
   }
@@ -183,8 +170,7 @@ TEST(Tables, EveryCommandTakesItsRouteToItsOperation) {
     if (command.route == 'P') {
       expected.insert(expected.end(), {"    loop post 100", "in Manager::" + command.operation});
     } else if (command.route == 'S') {
-      expected.insert(expected.end(),
-                      {"    loop runSync", "      in Manager::" + command.operation});
+      expected.insert(expected.end(), {"    loop runSync", "    in Manager::" + command.operation});
     }
     ASSERT_GE(lines.size(), expected.size()) << command.name;
     if (command.route != '-') lines.resize(expected.size());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/widget_library.h"
 
-#include <sstream>
-#include <type_traits>
+#include <fmt/format.h>
+
 #include <utility>
 
 namespace streams {
@@ -12,76 +12,68 @@ WidgetLibrary& TheLibrary() {
   return library;
 }
 
-bool WidgetLibrary::Call(const std::string& member, const std::string& arguments) {
-  const bool refuses = refused.count(member) != 0;
-  if (report) report("lib " + member + arguments + (refuses ? " = false" : ""));
-  return refuses;
+void WidgetLibrary::ReportCreated() {
+  const auto [x, y, width, height] = places[1000];
+  on_created(bar, x, y, width, height, true, handles.size());
 }
 
-std::string WidgetLibrary::HandleName(const void* handle) const {
-  if (handle == nullptr) return "null";
-  for (std::size_t i = 0; i < handles.size(); ++i) {
-    if (&handles[i] == handle) return "bar" + std::to_string(i + 1);
-  }
-  return "unknown";
-}
-
-void WidgetLibrary::Created() {
-  const Rectangle area = places[1000];
-  if (on_created != nullptr) {
-    on_created(bar, area.x, area.y, area.width, area.height, true, handles.size());
-  }
-}
-
-void WidgetLibrary::CreatedPopup(std::uint64_t id, Rectangle place) {
-  on_created(this, place.x, place.y, place.width, place.height, false, id);
-}
-
-}  // namespace streams
-
-namespace VELLOMAR_LORIMEL {
 namespace {
 
-using streams::Quoted;
-using streams::TheLibrary;
-using streams::WidgetLibrary;
-
-template <typename... Values>
-std::string Words(const Values&... values) {
-  std::ostringstream out;
-  out << std::boolalpha;
-  const auto print = [&out](const auto& value) {
-    using Value = std::decay_t<decltype(value)>;
-    if constexpr (std::is_enum_v<Value>) {
-      out << ' ' << static_cast<std::int32_t>(value);
-    } else if constexpr (std::is_same_v<Value, const char*>) {
-      out << ' ' << Quoted(value);
-    } else {
-      out << ' ' << value;
-    }
-  };
-  (print(values), ...);
-  return out.str();
+// Reports a call; answers whether it is accepted.
+template <typename... Arguments>
+bool Call(const std::string& member, const Arguments&... arguments) {
+  std::string line = "lib " + member;
+  (line.append(fmt::format(" {}", arguments)), ...);
+  const bool accepted = TheLibrary().refused.count(member) == 0;
+  TheLibrary().report(accepted ? line : line + " = false");
+  return accepted;
 }
 
-// The records that a bar starts with, where they are not as usual.
-void TakeRecords(WidgetLibrary& library, const BtnParams* records, int count) {
+std::string Handle(const void* handle) {
+  const std::deque<char>& handles = TheLibrary().handles;
+  for (std::size_t i = 0; i < handles.size(); ++i) {
+    if (&handles[i] == handle) return fmt::format("bar{}", i + 1);
+  }
+  return handle == nullptr ? "null" : "unknown";
+}
+
+const char* Given(const void* callback) {
+  return callback != nullptr ? "given" : "null";
+}
+
+// The records that a bar starts with; those that are not as usual are shown.
+void TakeRecords(const VELLOMAR_LORIMEL::BtnParams* records, int count) {
+  WidgetLibrary& library = TheLibrary();
   library.last.clear();
   for (int i = 0; i < count; ++i) {
     const int key = static_cast<int>(records[i].key);
     const auto index = static_cast<std::size_t>(i);
-    const streams::Fields fields = streams::FieldsOf(records[i]);
-    const bool known = index < library.usual.size();
-    const std::string changes =
-        streams::Changes(known ? library.usual[index] : streams::FieldsOf({}), fields);
-    if (!changes.empty() || key != 1000 + i) {
-      library.report("  record " + std::to_string(key) + changes);
+    const Fields fields = FieldsOf(records[i]);
+    const bool has_usual = index < library.usual.size();
+    const Fields usual = has_usual ? library.usual[index] : FieldsOf({});
+    if (key != (has_usual ? 1000 + i : 0) || fields != usual) {
+      library.report(fmt::format("  record {}{}", key, Changes(usual, fields)));
     }
     library.last[key] = fields;
   }
 }
 
 }  // namespace
+}  // namespace streams
+
+namespace VELLOMAR_LORIMEL {
+
+using streams::Call;
+using streams::Changes;
+using streams::Given;
+using streams::Handle;
+using streams::Quoted;
+using streams::TheLibrary;
+using streams::WidgetLibrary;
+
+static int Number(EventKey key) {
+  return static_cast<int>(key);
+}
 
 Lorimel* Lorimel::GetInstance() {
   static Lorimel instance;
@@ -93,57 +85,54 @@ bool Lorimel::CreateControlbar(const char* title, std::int64_t x, std::int64_t y
                                ClosedCallback* onClosed, bool unused, BtnParams* params,
                                int paramsCount, int type, bool simplify) {
   WidgetLibrary& library = TheLibrary();
-  const bool refuses = library.Call(
-      "CreateControlbar",
-      Words(title, x, y, width, height, onCreated != nullptr ? "onCreated" : "null",
-            onClosed != nullptr ? "onClosed" : "null", unused, paramsCount, type, simplify));
-  TakeRecords(library, params, paramsCount);
-  if (refuses) return false;
+  const bool accepted =
+      Call("CreateControlbar", Quoted(title), x, y, width, height,
+           Given(reinterpret_cast<void*>(onCreated)), Given(reinterpret_cast<void*>(onClosed)),
+           unused, paramsCount, type, simplify);
+  streams::TakeRecords(params, paramsCount);
+  if (!accepted) return false;
   library.on_created = onCreated;
   library.on_closed = onClosed;
   library.bar = &library.handles.emplace_back();
   library.open = true;
-  if (!library.created_later) library.Created();
+  if (!library.created_later) library.ReportCreated();
   return true;
 }
 
 bool Lorimel::ShowControlbar(void*& handle, bool show) {
-  return !TheLibrary().Call("ShowControlbar", Words(TheLibrary().HandleName(handle).c_str(), show));
+  return Call("ShowControlbar", Handle(handle), show);
 }
 
 bool Lorimel::CloseSharedControlbar() {
   WidgetLibrary& library = TheLibrary();
-  if (library.Call("CloseSharedControlbar") || !std::exchange(library.open, false)) return false;
+  if (!Call("CloseSharedControlbar") || !std::exchange(library.open, false)) return false;
   if (!library.closed_later) library.on_closed(library.bar);
   return true;
 }
 
 bool Lorimel::SetControlbarEventCallback(EventCallback* callback) {
   TheLibrary().on_event = callback;
-  return !TheLibrary().Call("SetControlbarEventCallback", callback != nullptr ? "" : " null");
+  return Call("SetControlbarEventCallback", Given(reinterpret_cast<void*>(callback)));
 }
 
 bool Lorimel::SetShowWindowCallback(ShowWindowCallback* callback) {
   TheLibrary().on_show_window = callback;
-  return !TheLibrary().Call("SetShowWindowCallback", callback != nullptr ? "" : " null");
+  return Call("SetShowWindowCallback", Given(reinterpret_cast<void*>(callback)));
 }
 
 bool Lorimel::SetEventKey(BtnParams& params) {
-  WidgetLibrary& library = TheLibrary();
-  const int key = static_cast<int>(params.key);
   const streams::Fields fields = streams::FieldsOf(params);
-  const auto before = library.last.try_emplace(key, streams::FieldsOf({})).first;
-  library.report("push " + std::to_string(key) + streams::Changes(before->second, fields));
-  before->second = fields;
-  return library.refused.count("SetEventKey") == 0;
+  auto& before =
+      TheLibrary().last.try_emplace(Number(params.key), streams::FieldsOf({})).first->second;
+  TheLibrary().report(fmt::format("push {}{}", Number(params.key), Changes(before, fields)));
+  before = fields;
+  return TheLibrary().refused.count("SetEventKey") == 0;
 }
 
 bool Lorimel::GetPositionByEventKey(EventKey key, int& x, int& y, int& width, int& height) {
-  WidgetLibrary& library = TheLibrary();
-  const auto place = library.places.find(static_cast<int>(key));
-  if (library.Call("GetPositionByEventKey", Words(key)) || place == library.places.end()) {
+  const auto place = TheLibrary().places.find(Number(key));
+  if (!Call("GetPositionByEventKey", Number(key)) || place == TheLibrary().places.end())
     return false;
-  }
   x = place->second.x;
   y = place->second.y;
   width = place->second.width;
@@ -152,43 +141,41 @@ bool Lorimel::GetPositionByEventKey(EventKey key, int& x, int& y, int& width, in
 }
 
 void Lorimel::SetMeetingDuration(std::uint64_t seconds) {
-  TheLibrary().Call("SetMeetingDuration", Words(seconds));
+  Call("SetMeetingDuration", seconds);
 }
 
 bool Lorimel::SetMicVolume(int volume) {
-  return !TheLibrary().Call("SetMicVolume", Words(volume));
+  return Call("SetMicVolume", volume);
 }
 
 void Lorimel::ShowControlbarButtonTip(EventKey key, const char* text, bool a, int b, bool c) {
-  TheLibrary().Call("ShowControlbarButtonTip", Words(key, text, a, b, c));
+  Call("ShowControlbarButtonTip", Number(key), Quoted(text), a, b, c);
 }
 
 void Lorimel::ShowControlbarButtonTipByInfo(EventKey key, TipWindowInfo& info) {
-  TheLibrary().Call("ShowControlbarButtonTipByInfo",
-                    Words(key, info.avatarPath, info.senderName, info.text, info.participantKey));
+  Call("ShowControlbarButtonTipByInfo", Number(key), Quoted(info.avatarPath),
+       Quoted(info.senderName), Quoted(info.text), Quoted(info.participantKey));
 }
 
 bool Lorimel::ShowControlbarButtonConfirmTipByInfo(EventKey key, ConfirmTipWindowInfo& info) {
-  return !TheLibrary().Call(
-      "ShowControlbarButtonConfirmTipByInfo",
-      Words(key, info.title, info.text, info.confirmText, info.x, info.y, info.width, info.height));
+  return Call("ShowControlbarButtonConfirmTipByInfo", Number(key), Quoted(info.title),
+              Quoted(info.text), Quoted(info.confirmText), info.x, info.y, info.width, info.height);
 }
 
 std::uint64_t Lorimel::GetWidgetNativeHandle(void*& handle) {
-  TheLibrary().Call("GetWidgetNativeHandle", Words(TheLibrary().HandleName(handle).c_str()));
-  return 4711;
+  return Call("GetWidgetNativeHandle", Handle(handle)) ? 4711 : 0;
 }
 
 bool Lorimel::ShowSketchControlbar(bool show) {
-  return !TheLibrary().Call("ShowSketchControlbar", Words(show));
+  return Call("ShowSketchControlbar", show);
 }
 
 bool Lorimel::ClearSketchDropDown() {
-  return !TheLibrary().Call("ClearSketchDropDown");
+  return Call("ClearSketchDropDown");
 }
 
 bool Lorimel::CloseSketchControlbar() {
-  return !TheLibrary().Call("CloseSketchControlbar");
+  return Call("CloseSketchControlbar");
 }
 
 }  // namespace VELLOMAR_LORIMEL

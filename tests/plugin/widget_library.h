@@ -3,7 +3,6 @@
 // and draws nothing.
 #pragma once
 
-#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
@@ -26,8 +25,8 @@ struct VELLOMAR_LORIMEL_DRIVER_API WidgetLibrary {
 
   // How it behaves.
   std::set<std::string> refused;  // members that answer false and do nothing
-  bool created_later = false;     // the main bar is reported by Created, not before Create returns
-  bool closed_later = false;      // and its end by Closed
+  bool created_later = false;     // the main bar is not reported before Create returns
+  bool closed_later = false;      // nor its end before Close returns
   std::map<int, Rectangle> places = {{1000, {100, 20, 1000, 60}}};  // by key; others are not shown
   std::vector<Fields> usual;  // what the records of a new bar are compared with, by key - 1000
 
@@ -37,17 +36,12 @@ struct VELLOMAR_LORIMEL_DRIVER_API WidgetLibrary {
   VELLOMAR_LORIMEL::CreatedCallback* on_created = nullptr;
   VELLOMAR_LORIMEL::ClosedCallback* on_closed = nullptr;
 
-  void* bar = nullptr;         // the handle of the newest main bar, also after its end
+  void* bar = nullptr;         // the handle of the newest bar, also after its end
   bool open = false;           // that bar is there
   std::deque<char> handles;    // a handle is the address of one of these
-  std::map<int, Fields> last;  // the record last pushed, by key, since the bar was created
+  std::map<int, Fields> last;  // the records last pushed since the bar was created, by key
 
-  void Reset() { *this = WidgetLibrary(); }
-  // Reports a call; answers whether it is refused.
-  bool Call(const std::string& member, const std::string& arguments = "");
-  std::string HandleName(const void* handle) const;
-  void Created();                                        // reports the main bar
-  void CreatedPopup(std::uint64_t id, Rectangle place);  // and a window of it
+  void ReportCreated();
 };
 
 VELLOMAR_LORIMEL_DRIVER_API WidgetLibrary& TheLibrary();

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -45,7 +46,8 @@ class ScriptHost {
   std::map<std::uint64_t, Call> pending;
   std::map<std::uint64_t, Call> timers;
   Call observer;
-  std::vector<std::string> calls;  // "cancelTask 101", in order
+  std::vector<std::string> calls;                        // "cancelTask 101", in order
+  std::function<void(const std::string& call)> on_call;  // hears the same, and "runSync"
 
  private:
   std::uint64_t Post(const char* slot, std::uint64_t value, LoopCallback* callback, void* context);
