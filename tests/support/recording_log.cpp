@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <utility>
 
 namespace recording_log {
 namespace {
@@ -11,6 +12,8 @@ struct Recording {
   std::mutex mutex;
   std::vector<Line> lines;
   std::vector<Opening> openings;
+  std::function<void(const Line&)> on_line;
+  std::function<void(const Opening&)> on_opening;
 };
 
 // Not a function's static: it has to outlive the objects of the libraries that log.
@@ -48,6 +51,12 @@ std::vector<Opening> Opened() {
   return recording.openings;
 }
 
+void Observe(std::function<void(const Line&)> on_line,
+             std::function<void(const Opening&)> on_opening) {
+  recording.on_line = std::move(on_line);
+  recording.on_opening = std::move(on_opening);
+}
+
 void Clear() {
   const std::lock_guard lock(recording.mutex);
   recording.lines.clear();
@@ -73,14 +82,18 @@ bool Contains(std::string_view text) {
 int CreateVellomarLogger(std::uint32_t kind, const char* first, const char* second,
                          const char* module, int reserved, int files, int flush) {
   using namespace recording_log;
+  const Opening opening = {
+      kind, OrNothing(first), OrNothing(second), OrEmpty(module), reserved, files, flush};
+  if (recording.on_opening) recording.on_opening(opening);
   const std::lock_guard lock(recording.mutex);
-  recording.openings.push_back(
-      {kind, OrNothing(first), OrNothing(second), OrEmpty(module), reserved, files, flush});
+  recording.openings.push_back(opening);
   return 1;
 }
 
 void VellomarLogWrite(const char* module, int level, const char* text) {
   using namespace recording_log;
+  const Line line = {OrEmpty(module), level, OrEmpty(text)};
+  if (recording.on_line) recording.on_line(line);
   const std::lock_guard lock(recording.mutex);
-  recording.lines.push_back({OrEmpty(module), level, OrEmpty(text)});
+  recording.lines.push_back(line);
 }

@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -42,6 +43,9 @@ struct Opening {
 
 VELLOMAR_LOG_API std::vector<Line> Lines();
 VELLOMAR_LOG_API std::vector<Opening> Opened();
+// Calls these for every line and opening, on the thread that logs; both may be null.
+VELLOMAR_LOG_API void Observe(std::function<void(const Line&)> on_line,
+                              std::function<void(const Opening&)> on_opening);
 // Forgets lines and openings.
 VELLOMAR_LOG_API void Clear();
 

@@ -5,6 +5,7 @@ ScriptHost* ScriptHost::current_ = nullptr;
 
 void ScriptHost::Note(const char* slot, std::uint64_t id) {
   calls.push_back(std::string(slot) + " " + std::to_string(id));
+  if (on_call) on_call(calls.back());
   DoInside(slot);
 }
 
@@ -49,7 +50,10 @@ EventLoopTable ScriptHost::Table() const {
     return current_->Post("postDelayed", value, callback, context);
   };
   table.cancelDelayedFn = [](std::uint64_t id) { current_->Note("cancelDelayed", id); };
-  table.runSyncFn = [](LoopCallback* callback, void* context) { callback(context); };
+  table.runSyncFn = [](LoopCallback* callback, void* context) {
+    if (current_->on_call) current_->on_call("runSync");
+    callback(context);
+  };
   table.postFn = [](LoopCallback* callback, void* context) {
     return current_->Post("post", 0, callback, context);
   };

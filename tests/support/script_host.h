@@ -46,9 +46,10 @@ class ScriptHost {
   std::map<std::uint64_t, Call> pending;
   std::map<std::uint64_t, Call> timers;
   Call observer;
-  std::vector<std::string> calls;  // "cancelTask 101", in order
   // What the host does inside the next call of a slot, by the slot's name.
   std::map<std::string, std::function<void()>> inside;
+  std::vector<std::string> calls;                        // "cancelTask 101", in order
+  std::function<void(const std::string& call)> on_call;  // hears the same, and "runSync"
 
  private:
   std::uint64_t Post(const char* slot, std::uint64_t value, LoopCallback* callback, void* context);

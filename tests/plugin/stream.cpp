@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "plugin/stream.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "plugin/text.h"
+
+namespace streams {
+namespace {
+
+// "Manager::" and "Data::" stand for the two classes that trace themselves.
+std::string ShortName(const std::string& scope) {
+  for (const auto& [start, brief] : {std::pair<std::string, std::string>(
+                                         "VELLOMAR_CONTROLBAR::ControlbarManager::", "Manager::"),
+                                     {"VELLOMAR_CONTROLBAR::ControlBarDataManager::", "Data::"}}) {
+    if (scope.starts_with(start)) return brief + scope.substr(start.size());
+  }
+  return scope;
+}
+
+std::string LevelName(int level) {
+  constexpr const char* kNames[] = {"log", "fault", "refused"};
+  return level >= 3 && level <= 5 ? kNames[level - 3] : "log" + std::to_string(level);
+}
+
+// What differs between machines.
+std::string Masked(const std::string& text) {
+  constexpr std::string_view kPath = "Init controlbar res path len: ";
+  return text.starts_with(kPath) ? std::string(kPath) + "#" : text;
+}
+
+}  // namespace
+
+void Stream::Add(const std::string& line) {
+  const auto depth =
+      std::count_if(scopes_.begin(), scopes_.end(), [](const Scope& scope) { return scope.shown; });
+  lines_.push_back(std::string(2 * static_cast<std::size_t>(depth), ' ') + line);
+}
+
+bool Stream::OpenOrClose(const std::string& text) {
+  constexpr std::string_view kEntry = "entry ", kExit = "exit ", kCost = ", cost : ";
+  if (text.starts_with(kEntry)) {
+    const std::string name = ShortName(text.substr(kEntry.size()));
+    const bool shown = shows_data_scopes || !name.starts_with("Data::");
+    if (shown) Add("in " + name);
+    scopes_.push_back({name, shown});
+    return true;
+  }
+  const std::size_t cost = text.rfind(kCost);
+  if (!text.starts_with(kExit) || cost == text.npos || scopes_.empty()) return false;
+  const std::string name = ShortName(text.substr(kExit.size(), cost - kExit.size()));
+  const std::string number = text.substr(cost + kCost.size());
+  if (scopes_.back().name != name || number.empty() ||
+      number.find_first_not_of("0123456789") != number.npos) {
+    return false;
+  }
+  scopes_.pop_back();
+  return true;
+}
+
+void Stream::Log(const recording_log::Line& line) {
+  const bool ours = line.module == "vellomar_controlbar";
+  if (ours && line.level == 3 && OpenOrClose(line.text)) return;
+  const std::string text = Masked(line.text);
+  const bool plain = !text.empty() && text.front() != ' ' && text.back() != ' ';
+  Add(LevelName(line.level) + (ours ? " " : "[" + line.module + "] ") +
+      (plain ? text : Quoted(std::string_view(text))));
+}
+
+Lines Stream::Take() {
+  for (const Scope& scope : std::exchange(scopes_, {})) lines_.push_back("open " + scope.name);
+  return std::exchange(lines_, {});
+}
+
+}  // namespace streams

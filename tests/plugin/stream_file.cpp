@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "plugin/stream_file.h"
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "plugin/player.h"
+
+namespace streams {
+namespace {
+
+constexpr std::string_view kHeading = "== ";
+constexpr std::string_view kStep = "-- ";
+constexpr std::string_view kGiven = "given ";
+
+bool IsCaused(const std::string& line) {
+  return !line.empty() && line[0] != '#' && !line.starts_with(kStep) && !line.starts_with(kGiven);
+}
+
+// Plays the steps of the block of this name in given.txt.
+void PlayGiven(Player& player, const std::string& name) {
+  const auto blocks = ReadBlocks("given.txt");
+  const auto block = std::find_if(blocks.begin(), blocks.end(),
+                                  [&name](const Block& given) { return given.name == name; });
+  if (block == blocks.end()) throw std::runtime_error("nothing given by the name of " + name);
+  for (const std::string& line : block->lines) {
+    if (line.starts_with(kStep)) player.Play(line.substr(kStep.size()));
+  }
+}
+
+// For every pair of positions, the length of the longest common sequence from there on.
+std::vector<std::vector<std::size_t>> CommonLengths(const Lines& a, const Lines& b) {
+  std::vector<std::vector<std::size_t>> lengths(a.size() + 1,
+                                                std::vector<std::size_t>(b.size() + 1));
+  for (std::size_t i = a.size(); i-- > 0;) {
+    for (std::size_t j = b.size(); j-- > 0;) {
+      lengths[i][j] =
+          a[i] == b[j] ? lengths[i + 1][j + 1] + 1 : std::max(lengths[i + 1][j], lengths[i][j + 1]);
+    }
+  }
+  return lengths;
+}
+
+}  // namespace
+
+std::vector<Block> ReadBlocks(const std::string& file) {
+  std::vector<Block> blocks;
+  std::istringstream lines(ReadFile("streams/" + file));
+  std::size_t number = 0;
+  for (std::string line; std::getline(lines, line);) {
+    ++number;
+    if (line.starts_with(kHeading)) {
+      blocks.push_back({line.substr(kHeading.size()), number, {}});
+    } else if (!blocks.empty()) {
+      blocks.back().lines.push_back(line);
+    }
+  }
+  return blocks;
+}
+
+Lines PlayBlock(const Block& block) {
+  Player player;
+  Lines actual;
+  bool ready = false;
+  for (const std::string& line : block.lines) {
+    if (line.starts_with(kGiven)) {
+      std::istringstream names(line.substr(kGiven.size()));
+      for (std::string name; names >> name;) PlayGiven(player, name);
+      ready = true;
+    }
+    if (IsCaused(line)) continue;
+    actual.push_back(line);
+    if (!line.starts_with(kStep)) continue;
+    if (!ready) PlayGiven(player, "init");
+    ready = true;
+    const Lines caused = player.Play(line.substr(kStep.size()));
+    actual.insert(actual.end(), caused.begin(), caused.end());
+  }
+  return actual;
+}
+
+std::string Difference(const Lines& expected, const Lines& actual) {
+  if (expected == actual) return "";
+  const auto common = CommonLengths(expected, actual);
+  std::string text;
+  for (std::size_t i = 0, j = 0; i < expected.size() || j < actual.size();) {
+    const bool more = i < expected.size(), now = j < actual.size();
+    if (more && now && expected[i] == actual[j]) {
+      text += ' ' + expected[i++] + '\n';
+      ++j;
+    } else if (!now || (more && common[i + 1][j] >= common[i][j + 1])) {
+      text += '-' + expected[i++] + '\n';
+    } else {
+      text += '+' + actual[j++] + '\n';
+    }
+  }
+  return text;
+}
+
+void Renew(const std::string& file, const Block& block, const Lines& lines) {
+  std::vector<Block> blocks = ReadBlocks(file);
+  std::istringstream old(ReadFile("streams/" + file));
+  std::ofstream renewed(std::string(VELLOMAR_STREAMS) + "/streams/" + file, std::ios::binary);
+  for (std::string line; std::getline(old, line) && !line.starts_with(kHeading);) {
+    renewed << line << '\n';
+  }
+  for (const Block& each : blocks) {
+    renewed << kHeading << each.name << '\n';
+    for (const std::string& line : each.name == block.name ? lines : each.lines) {
+      renewed << line << '\n';
+    }
+  }
+}
+
+}  // namespace streams
