@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstdint>
+#include <list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -209,8 +210,11 @@ class ControlBarDataManager {
 
   // User id, instance id and number in decimal, joined.
   static std::string MakeParticipantKey(const ParticipantId& id);
-  // The meeting's participants are exactly these from now on.
+  // The meeting's participants are exactly these from now on. The host is asked for each one who is
+  // new and may send the participants again from inside the question: the newest list holds.
   void UpdateParticipants(const ParticipantList& participants);
+  // Avatar responses reach this store from now on, if there is a responser.
+  void RegisterForAvatars();
   // Null, with a log line, for an unknown key. Valid until the participant changes.
   const Participant* FindParticipantByKey(const std::string& key) const;
   // Empty, with a log line, for an unknown key.
@@ -263,17 +267,25 @@ class ControlBarDataManager {
     std::string name, text, tag;
   };
   using AvatarIndex = std::multimap<std::string, std::string>;
+  // Whose word the avatar path is. Nobody's: the host has said that there is none.
+  enum class PathSource : std::uint8_t { kList, kResponse, kNobody };
   struct ParticipantEntry {
     std::shared_ptr<const Participant> participant;
+    std::string listed_path;  // the one in the host's newest list
+    PathSource path_source = PathSource::kList;
+    bool asked = false;                           // the host, for its avatar
     std::optional<AvatarIndex::iterator> avatar;  // none without an avatar
     std::uint64_t update = 0;                     // the last one that named it
   };
+  using ParticipantMap = std::map<std::string, ParticipantEntry, std::less<>>;
+  struct ParticipantChanges;
 
   static std::optional<std::size_t> Index(EventKey key);
   BtnParams* CheckedRecord(EventKey key);
+  void WriteLabel(EventKey key, const char* text);
   void ResetRecords();
   void WriteDefaults();
-  void RegisterForAvatars();
+  void ForgetShownValues();
 
   BtnParams& AddRow(ItemList& list, const RowTemplate& row) const;
   void AddDeviceRows(ItemList& list, const RowTemplate& row, const SharedDevices& devices) const;
@@ -295,10 +307,16 @@ class ControlBarDataManager {
   std::int32_t SubtitlesStatus() const;
   std::int32_t LiveStreamStatus() const;
 
-  void AddParticipant(const ParticipantList::Item& item, const std::string& key);
-  void ReplaceParticipant(ParticipantEntry& entry, const ParticipantList::Item& item);
-  void IndexAvatar(ParticipantEntry& entry);
-  void RemoveMissingParticipants();
+  void Prepare(ParticipantChanges& changes, const std::string& key,
+               const ParticipantList::Item& item);
+  ParticipantEntry Joining(const std::string& key, const ParticipantList::Item& item) const;
+  ParticipantEntry Changed(const ParticipantEntry& old, const ParticipantList::Item& item) const;
+  static bool IsSame(const ParticipantEntry& entry, const ParticipantList::Item& item);
+  void LogMissingParticipants() const;
+  void Take(ParticipantChanges& changes) noexcept;
+  void RemoveMissingParticipants() noexcept;
+  void AskForAvatars();
+  void AskForAvatar(const std::string& key);
 
   // The record behind the last stored one: the reset runs one key further than the store.
   static constexpr std::size_t kResetRecord = kKeyCount;
@@ -365,8 +383,10 @@ class ControlBarDataManager {
   std::vector<ItemList> m_closedLists;
   std::string m_controllingText;
 
-  std::map<std::string, ParticipantEntry, std::less<>> m_participants;
+  ParticipantMap m_participants;
   AvatarIndex m_avatars;
+  std::list<std::string> m_questions;  // keys of those for whom the host has still to be asked
+  bool m_isAsking = false;
   std::uint64_t m_participantUpdate = 0;
   std::optional<Participant> m_remoteController;
 };

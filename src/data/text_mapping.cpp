@@ -47,6 +47,7 @@ const char* ControlBarDataManager::GetNativeText(std::uint64_t id) const {
 }
 
 void ControlBarDataManager::RegisterForAvatars() {
+  const Scope scope(__func__);
   using VELLOMAR_SERVER_API::VellomarServerApiResponser;
   if (!VellomarServerApiResponser::HasInstance()) return;
   VellomarServerApiResponser::GetInstance()->SetAvatarCallback(

@@ -10,9 +10,11 @@
 #include "frame/notifier.h"
 #include "frame/plugin.h"
 #include "frame/trace_scope.h"
+#include "manager/controlbar_manager.h"
 #include "vellomar/controlbar.h"
 
 using VELLOMAR_CONTROLBAR::AntennaEventLoop;
+using VELLOMAR_CONTROLBAR::ControlbarManager;
 using VELLOMAR_CONTROLBAR::Notifier;
 using VELLOMAR_CONTROLBAR::Plugin;
 using VELLOMAR_LOG::LogInstance;
@@ -35,6 +37,9 @@ bool ExportedInit(SendRequest* request, Notify* notify, void* host, const EventL
   const TraceScope scope("ExportedInit");
   VellomarServerApiRequester::GetInstance()->SetSendRequest(request);
   VellomarServerApiResponser::GetInstance();
+  if (ControlbarManager::HasInstance()) {
+    ControlbarManager::GetInstance()->Data().RegisterForAvatars();
+  }
   VellomarServerApiSlot::GetInstance();
   Notifier::GetInstance()->SetNotify(notify);
   Plugin::GetInstance()->SetHost(host);

@@ -166,7 +166,6 @@ void ControlbarManager::SetUnderControl(std::int64_t status, std::string user_id
   const bool under_control = status != 0;
   m_data->SetRemoteControler(under_control, std::move(user_id), std::move(display_name));
   if (!under_control) m_isRemoteControlPaused = false;
-  m_data->SetComposedLabel(EventKey::StopRemoteControl, m_data->GetRemoteControllerTextFormat());
   Apply(Bit(EventKey::StopRemoteControl, kStatusHidden, !under_control));
   Apply(PauseIndicator());
   UpdateUIElement(EventKey::InfoText);
