@@ -53,6 +53,32 @@ TEST_F(WindowsTest, TheDefaultTitleIsUsedUntilTheHostSetsOne) {
   EXPECT_EQ(Library().Creations().front().title, "Default SDK Title");
 }
 
+TEST_F(WindowsTest, ANullTitleKeepsTheOldOne) {
+  Send("setWindowTitle", {{"title", "Stand-up"}});
+  Send("setWindowTitle", {{"title", nullptr}});
+  EXPECT_TRUE(LoggedFault("set windows title is nullptr"));
+  EXPECT_EQ(Manager().Data().GetWindowTitle(), "Stand-up");
+  Send("setMeetingNumber", {{"number", "42"}});
+  Send("setMeetingNumber", {{"number", nullptr}});
+  EXPECT_EQ(Manager().Data().GetMeetingNumber(), "") << "other texts are empty";
+  Send("setWindowTitle", {{"title", ""}});
+  EXPECT_EQ(Manager().Data().GetWindowTitle(), "");
+}
+
+TEST_F(WindowsTest, RecordsHaveTheirKeysBeforeTheFirstTextMap) {
+  ShowBar();
+  ASSERT_NE(Library().Button(EventKey::SketchColor), nullptr);
+  EXPECT_EQ(Library().Button(EventKey::SketchColor)->group_value, 1055);
+  Send("showSketchControlbar", {{"show", true}});
+  Send("selectSketchBtn", {{"key", 1044}, {"unread", false}});
+  Send("setSketchbarBtnEnable", {{"key", 1047}, {"enable", false}});
+  Send("setSketchLoading", {{"loading", true}});
+  Send("setMeetingSubType", {{"type", 1}});
+  EXPECT_THAT(PushedKeys(), Not(Contains(0)));
+  EXPECT_EQ(Library().Pushed(EventKey::SketchColor).front().copy.group_value, 1055);
+  EXPECT_EQ(Library().Button(EventKey::SketchUndo)->status, 4);
+}
+
 TEST_F(WindowsTest, ARefusedCreationAnswersFalse) {
   Library().behaviour.refuse_create = true;
   EXPECT_FALSE(ShowBar());
@@ -157,6 +183,14 @@ TEST_F(WindowsTest, ANewTextMapReachesTheOpenBar) {
   EXPECT_EQ(PushedKeys().size(), 92u);
   EXPECT_EQ(Library().Button(EventKey::MuteAudio)->text, "Ton");
   EXPECT_GT(Library().ReadEveryText(), 0u);
+}
+
+TEST_F(WindowsTest, ARefusedTextMapPushesNothing) {
+  InstallTexts();
+  ShowBar();
+  Forget();
+  Send("setTextMap", {{"ids", {10001, 10002}}, {"texts", {"Ton"}}});
+  EXPECT_THAT(PushedKeys(), IsEmpty());
 }
 
 TEST_F(WindowsTest, ButtonCommandsChangeOneBitAndPushTheRecord) {

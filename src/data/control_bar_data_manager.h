@@ -62,14 +62,16 @@ class ControlBarDataManager {
   // Replaces what the host names of a record, keeping copies of the texts.
   void SetItem(EventKey key, bool expand, std::string name, std::string text, std::string tag,
                std::int32_t status);
-  // The texts stand in for the labels of these keys until the next text map.
-  void SetTestContent(EventKey key, std::string text);
+  // The texts stand in for the labels of these keys, which are in the store, until the next text
+  // map: whatever else would write the label.
+  void SetTestContent(std::map<EventKey, std::string> texts);
   // False for the spare record.
   bool IsShown(const BtnParams& params) const;
 
   // --- Texts (text_mapping.cpp)
 
-  void InitTextMapping(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
+  // False, and nothing changed, for lists of different lengths.
+  bool InitTextMapping(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
   const char* GetNativeText(std::uint64_t id) const;  // null for an unknown id
   const std::string& ResourcePath() const { return m_resourcePath; }
 
@@ -117,6 +119,9 @@ class ControlBarDataManager {
   void SetInterpretationSwitchEnable(bool enable) {
     StoreLogged(__func__, m_interpretationSwitchEnable, enable,
                 "SetInterpretationSwitchEnable enable = {}");
+  }
+  bool GetInterpretationSwitchEnable() const {
+    return Load(__func__, m_interpretationSwitchEnable);
   }
   void SetControllbarSwitch(bool open) {
     StoreLogged(__func__, m_isExpanded, open, "SetControllbarSwitch bOpen = {}");
@@ -184,11 +189,17 @@ class ControlBarDataManager {
   void UpdateBtnShareNewExpandStatus();
   // The labels of ShareNew and StopSharing name what is shared.
   void UpdateSubTypeLabels();
-  // The meeting was left: empties lists and texts. Flags and codes keep their values.
+  // A plain participant in a sub-room leaves the room, everybody else the meeting.
+  bool LeavesSubRoom() const;
+  void UpdateLeaveButton();
+  // The meeting was left: empties lists and texts, and the records that showed them. Flags and
+  // codes keep their values.
   void ClearDataCache();
+  // Frees the rows that ClearDataCache has kept for windows that were still closing.
+  void DropClosedLists();
 
   // --- Rows of the drop-down windows (drop_down_lists.cpp). A list is valid until it is built
-  // again or ClearDataCache runs; null where there is no list.
+  // again or the bar has closed after ClearDataCache; null where there is no list.
 
   BtnParams* FormatAudioItems(int& count);
   BtnParams* FormatCameraItems(int& count);
@@ -293,8 +304,9 @@ class ControlBarDataManager {
   void AddRows(ItemList& list, const Rows& rows) const;
   void AddSharingRows(ItemList& list) const;
   void AddSharingPermissions(ItemList& list) const;
-  void Begin(ItemList& list) const;
-  static BtnParams* Finish(ItemList& list, int& count);
+  ItemList NewList() const;
+  // The new rows take the place of the old ones.
+  static BtnParams* Finish(ItemList& kept, ItemList list, int& count);
 
   template <std::int32_t key>
   std::int32_t StatusOf() const;
@@ -329,8 +341,9 @@ class ControlBarDataManager {
   std::map<EventKey, std::string> m_testContent;
 
   std::shared_ptr<const TextMap> m_texts = std::make_shared<TextMap>();
-  // The widget library may still read the texts of the last map until it was given all records.
+  // The widget library may still read the last labels until it was given all records.
   std::shared_ptr<const TextMap> m_previousTexts;
+  std::map<EventKey, std::string> m_previousTestContent;
   std::string m_resourcePath;
 
   std::int64_t m_hostType = 0;

@@ -35,9 +35,11 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   bool ShowSharedControlbar(std::int64_t x, std::int64_t y, std::int64_t width,
                             std::int64_t height);
   bool CloseSharedControlbar();
+  // A close that is reported from now on does not create the bar anew.
+  void ForgetPending() { m_recreatePending = false; }
   VellomarRect GetMainWindowPosition();
   void UpdateUIElement(EventKey key);
-  void SetWindowTitle(const std::string& title);
+  void SetWindowTitle(const std::optional<std::string>& title);  // nothing: a null text
   void SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
   void SetTestContentMap(const std::vector<std::uint64_t>& keys, std::vector<std::string> texts);
   void SetItemValue(EventKey key, bool hasExpend, std::string itemName, std::string itemText,

@@ -12,17 +12,6 @@ using VELLOMAR_LORIMEL::kStatusDisabled;
 using VELLOMAR_LORIMEL::kStatusHidden;
 using VELLOMAR_LORIMEL::Lorimel;
 
-namespace {
-
-// The buttons keep pointers to them.
-constexpr char kLeaveRoomIcon[] = "icon_leaveroom_filled.icon";
-constexpr char kCallEndIcon[] = "icon_call_end_filled.icon";
-
-constexpr std::uint64_t kLeaveText = 10011;
-constexpr std::uint64_t kLeaveRoomText = 10092;
-
-}  // namespace
-
 void ControlbarManager::SetHostType(std::int64_t type) {
   const Scope scope(__func__);
   Info("SetHostType type:{}", type);
@@ -32,21 +21,15 @@ void ControlbarManager::SetHostType(std::int64_t type) {
   UpdateInterpreationBtnStatus();
   RefreshShareNew();
   SetRecordStatus(m_data->IsRecording());
+  if (m_data->IsInSubRoom()) {
+    Info(m_data->LeavesSubRoom() ? "sub room host: leave button icon switch"
+                                 : "sub room participant: leave button icon switch");
+  }
   RefreshLeaveButton();
 }
 
 void ControlbarManager::RefreshLeaveButton() {
-  const bool in_sub_room = m_data->IsInSubRoom();
-  const bool leaves_room = in_sub_room && m_data->GetHostType() == kHostTypeParticipant;
-  if (in_sub_room) {
-    Info(leaves_room ? "sub room host: leave button icon switch"
-                     : "sub room participant: leave button icon switch");
-  }
-  // Outside a sub-room only what was changed inside is put back.
-  if (in_sub_room || m_data->GetEventKeyParams(EventKey::Leave)->iconPath != nullptr) {
-    m_data->SetButtonIconPath(EventKey::Leave, leaves_room ? kLeaveRoomIcon : kCallEndIcon);
-    m_data->SetButtonContent(EventKey::Leave, leaves_room ? kLeaveRoomText : kLeaveText);
-  }
+  m_data->UpdateLeaveButton();
   UpdateUIElement(EventKey::Leave);
 }
 
@@ -69,8 +52,10 @@ void ControlbarManager::SetMeetingSubType(std::int64_t type) {
   Info("SetMeetingSubType type:{}", type);
   const std::int64_t old = m_data->GetMeetingSubType();
   m_data->SetMeetingSubType(type);
-  m_data->UpdateSubTypeLabels();  // before the switch, which creates the bar anew
-  if (m_handleControlbar != nullptr && type != old) SwitchSubType(old, type);
+  if (type != old) {
+    m_data->UpdateSubTypeLabels();  // before the switch, which creates the bar anew
+    if (m_handleControlbar != nullptr) SwitchSubType(old, type);
+  }
   SetSketchEnable(m_data->GetSketchEnabled());
   SetSketchVisible(m_data->GetSketchVisible());
   UpdateUIElement(EventKey::Participants);
@@ -190,6 +175,7 @@ ControlbarManager::ButtonChange ControlbarManager::SharingIndicator() const {
 
 void ControlbarManager::SetAudioAndPlaybackInfo(DeviceList microphones, DeviceList speakers) {
   const Scope scope(__func__);
+  // The line comes twice: there are two lists, the microphones and the speakers.
   Info("[Controlbar] Start set audio info. Device count: {}, currentAudioDeviceId = {}",
        microphones.devices.size(), microphones.current_id);
   LogDevices(microphones);
