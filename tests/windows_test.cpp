@@ -151,8 +151,86 @@ TEST_P(RecreationTest, ASwitchOfTheSubTypeCreatesTheBarAnew) {
   EXPECT_THAT(Told(), ElementsAre("controlbarClosed"));
 }
 
+TEST_P(RecreationTest, AHostThatClosesTheNewBarAtOnceEndsIt) {
+  Library().behaviour.closed_later = GetParam();
+  ShowBar();
+  in_notification = [this](std::string_view name) {
+    if (name == "controlbarCreated" && Library().Creations().size() < 20) Close();
+  };
+  Forget();
+  Send("setMeetingSubType", {{"type", 5}});
+  Library().DeliverPending();
+  EXPECT_EQ(Library().Creations().size(), 2u);
+  EXPECT_THAT(Told(), ElementsAre(StartsWith("controlbarCreated"), "controlbarClosed"));
+  EXPECT_EQ(Library().BarHandle(), nullptr);
+}
+
+TEST_P(RecreationTest, ARecreationThatFailsIsReportedAsAClose) {
+  Library().behaviour.closed_later = GetParam();
+  ShowBar();
+  Forget();
+  Library().behaviour.refuse_create = true;
+  Send("setMeetingSubType", {{"type", 5}});
+  Library().DeliverPending();
+  EXPECT_THAT(Told(), ElementsAre("controlbarClosed"));
+
+  Library().behaviour.refuse_create = false;
+  ShowBar();
+  Forget();
+  Library().behaviour.refuse_show = true;
+  Send("setMeetingSubType", {{"type", 1}});
+  Library().DeliverPending();
+  EXPECT_THAT(Told(), ElementsAre(StartsWith("controlbarCreated"), "controlbarClosed"));
+  EXPECT_EQ(Library().BarHandle(), nullptr) << "a bar that nobody sees is not left behind";
+}
+
 INSTANTIATE_TEST_SUITE_P(Close, RecreationTest, testing::Bool(),
                          [](const auto& later) { return later.param ? "Later" : "AtOnce"; });
+
+TEST_F(WindowsTest, ASecondSwitchBeforeTheCloseIsReportedKeepsTheRecreation) {
+  Library().behaviour.closed_later = true;
+  ShowBar();
+  Forget();
+  Send("setMeetingSubType", {{"type", 5}});
+  Send("setMeetingSubType", {{"type", 1}});  // there is nothing left to close
+  Library().DeliverPending();
+  ASSERT_EQ(Library().Creations().size(), 2u);
+  EXPECT_EQ(Library().Creations().back().type, 1);
+  EXPECT_THAT(Told(), ElementsAre(StartsWith("controlbarCreated")));
+}
+
+TEST_F(WindowsTest, ACloseByTheHostCancelsTheRecreation) {
+  Library().behaviour.closed_later = true;
+  ShowBar();
+  Forget();
+  Send("setMeetingSubType", {{"type", 5}});
+  Close();
+  Library().DeliverPending();
+  EXPECT_EQ(Library().Creations().size(), 1u);
+  EXPECT_THAT(Told(), ElementsAre("controlbarClosed"));
+}
+
+TEST_F(WindowsTest, APendingRecreationCanBeForgotten) {
+  Library().behaviour.closed_later = true;
+  ShowBar();
+  Send("setMeetingSubType", {{"type", 5}});
+  Manager().ForgetPending();
+  Library().DeliverPending();
+  EXPECT_EQ(Library().Creations().size(), 1u);
+}
+
+TEST_F(WindowsTest, ABarThatTheHostShowsMeanwhileTakesThePlaceOfTheRecreation) {
+  Library().behaviour.closed_later = true;
+  ShowBar();
+  Send("setMeetingSubType", {{"type", 5}});
+  ShowBar();
+  Library().DeliverPending();
+  Forget();
+  Close();
+  Library().DeliverPending();
+  EXPECT_EQ(Library().Creations().size(), 2u);
+  EXPECT_THAT(Told(), ElementsAre("controlbarClosed"));
+}
 
 TEST_F(WindowsTest, TheSameSubTypeKeepsTheBar) {
   Send("setMeetingSubType", {{"type", 1}});

@@ -205,6 +205,8 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   bool IsPaused() const { return m_isSharingPaused || m_isRemoteControlPaused; }
   ButtonChange PauseIndicator() const;
   ButtonChange SharingIndicator() const;
+  void RecreateControlbar();
+  bool IsSketchLoading() const;
   void RefreshLeaveButton();
   void RefreshSubRoom(std::string name, bool inside);
   static void LogDevices(const DeviceList& list);
@@ -221,6 +223,7 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   bool m_key1077Enabled = false;
   VellomarRect displayRect{};
   bool m_recreatePending = false;
+  bool m_isAnnotateHidden = false;  // while the status word is kStatusLoading instead
   std::uint64_t m_meetingDuration = 0;
   bool m_simplify = false;
   bool m_isSharing = false;

@@ -42,9 +42,9 @@ void ControlbarManager::SwitchSubType(std::int64_t from, std::int64_t to) {
   }
   CloseSketchControlbar();
   // Before the call: the library may report the close while it lasts. With nothing to close there
-  // is nothing to create anew.
-  m_recreatePending = true;
-  if (!Lorimel::GetInstance()->CloseSharedControlbar()) m_recreatePending = false;
+  // is nothing to create anew, unless a close is still to be reported.
+  const bool closing = std::exchange(m_recreatePending, true);
+  if (!Lorimel::GetInstance()->CloseSharedControlbar() && !closing) ForgetPending();
 }
 
 void ControlbarManager::SetMeetingSubType(std::int64_t type) {

@@ -99,6 +99,7 @@ bool ControlbarManager::ShowSharedControlbar(std::int64_t x, std::int64_t y, std
 
 bool ControlbarManager::CloseSharedControlbar() {
   const Scope scope(__func__);
+  ForgetPending();
   m_data->ClearDataCache();
   return Lorimel::GetInstance()->CloseSharedControlbar();
 }
@@ -115,6 +116,7 @@ void ControlbarManager::OnControlbarCreated(void* handle, bool isMain, std::uint
     return;
   }
   m_handleControlbar = handle;
+  ForgetPending();  // here is the bar, whoever asked for it
   const std::uint64_t native = Lorimel::GetInstance()->GetWidgetNativeHandle(m_handleControlbar);
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarCreated>(native, position);
   VELLOMAR_LOG::Info("[Controlbar] main controlbar Created,position: {},{},{},{}.", x, y, width,
@@ -128,13 +130,30 @@ void ControlbarManager::OnControlbarClosed(void* handle) {
     VELLOMAR_LOG::Fault("OnControlbarCreated handle is not controlbar");
     return;
   }
-  if (m_recreatePending) {
-    ShowSharedControlbar(displayRect.x, displayRect.y, displayRect.width, displayRect.height);
-    SetMeetingNumber(m_data->GetMeetingNumber());
-    m_recreatePending = false;
-    return;
+  m_data->DropClosedLists();
+  // Before the bar is created: the host may close it as soon as it is told of it.
+  if (std::exchange(m_recreatePending, false)) {
+    RecreateControlbar();
+  } else {
+    Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarClosed>();
   }
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarClosed>();
+}
+
+void ControlbarManager::RecreateControlbar() {
+  void* const closed = std::exchange(m_handleControlbar, nullptr);
+  const bool shown =
+      ShowSharedControlbar(displayRect.x, displayRect.y, displayRect.width, displayRect.height);
+  const bool created = m_handleControlbar != nullptr;
+  if (!created) m_handleControlbar = closed;  // the last one is kept
+  SetMeetingNumber(m_data->GetMeetingNumber());
+  if (shown) return;
+  // The host must not believe that there is a bar. One that is there and cannot be shown is closed,
+  // and the host told when that is reported; one that the host has closed is not there.
+  if (created) {
+    Lorimel::GetInstance()->CloseSharedControlbar();
+  } else {
+    Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarClosed>();
+  }
 }
 
 BtnParams* ControlbarManager::OnGetWindowInfo(EventKey key, int& count) {
