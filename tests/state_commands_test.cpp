@@ -45,13 +45,13 @@ const StatusCase kStatusCases[] = {
      {{"enable", false}, {"isShow", true}},
      1007,
      1,
-     4,
+     5,
      "SetInteraction: enable = false, isShow = true"},
     {"setInteraction",
      {{"enable", true}, {"isShow", false}},
      1007,
-     1,
-     2,
+     5,
+     3,
      "[Controlbar] Set chat enable true."},
     {"setRemoteControlEnabled",
      {{"enable", false}},
@@ -99,6 +99,13 @@ const StatusCase kStatusCases[] = {
      2,
      "SetAskHostForHelpVisible: false"},
     {"setAskHostForHelpEnable", {{"enable", false}}, 1011, 2, 6, "SetAskHostForHelpEnable: false"},
+    {"setInterpretationEnable", {{"enable", false}}, 1009, 5, 7, "Hide Interpreation"},
+    {"setInterpretationEnable",
+     {{"enable", true}},
+     1009,
+     6,
+     4,
+     "GetInterpretationEnable Show Interpreation"},
     {"setInterpretationOriginEnable",
      {{"enable", false}},
      1085,
@@ -275,6 +282,39 @@ TEST_F(StateCommandsTest, TheSketchButtonIsNeverShownInAScreenBox) {
   EXPECT_THAT(PushedKeys(), testing::IsSupersetOf({1003, 1042, 1012, 1074}));
   Send("setMeetingSubType", {{"type", 0}});
   EXPECT_EQ(Status(1042), 0) << "the stored values are applied again";
+  EXPECT_STREQ(Button(1012).text, "10006");
+}
+
+TEST_F(StateCommandsTest, WhileTheSketchBarLoadsTheAnnotateButtonSaysSo) {
+  const auto after_loading = [this](const char* command, const Json& arguments) {
+    Send("setSketchLoading", {{"loading", true}});
+    Send(command, arguments);
+    EXPECT_EQ(Status(1042), 20) << command;
+    Send("setSketchLoading", {{"loading", false}});
+    return Status(1042);
+  };
+  EXPECT_EQ(after_loading("setSketchEnable", {{"enable", false}}), 0);
+  EXPECT_FALSE(Manager().Data().GetSketchEnabled());
+  EXPECT_EQ(after_loading("setSketchVisible", {{"visible", false}}), 2);
+  EXPECT_EQ(after_loading("setSketchEnable", {{"enable", true}}), 2) << "it was hidden before";
+  EXPECT_EQ(after_loading("setSketchVisible", {{"visible", true}}), 0);
+  EXPECT_EQ(after_loading("setMeetingSubType", {{"type", 5}}), 2);
+  InstallTexts();  // sets every status word back
+  EXPECT_EQ(after_loading("setSketchEnable", {{"enable", true}}), 2) << "still a screen box";
+  EXPECT_EQ(after_loading("setMeetingSubType", {{"type", 0}}), 0);
+}
+
+TEST_F(StateCommandsTest, TheSubTypeThatIsSetAlreadyRewritesNoLabel) {
+  Send("setMeetingSubType", {{"type", 1}});
+  Send("setItemValue", {{"key", 1012},
+                        {"hasExpend", false},
+                        {"itemName", ""},
+                        {"itemText", "Share more"},
+                        {"tag", ""},
+                        {"sta", 0}});
+  Send("setMeetingSubType", {{"type", 1}});
+  EXPECT_STREQ(Button(1012).text, "Share more");
+  Send("setMeetingSubType", {{"type", 0}});
   EXPECT_STREQ(Button(1012).text, "10006");
 }
 

@@ -69,8 +69,8 @@ void ControlbarManager::SetInteraction(bool enable, bool is_show) {
   const Scope scope(__func__);
   Info("SetInteraction: enable = {}, isShow = {}", enable, is_show);
   Info("[Controlbar] Set chat enable {}.", enable);
-  Apply(
-      Whole(EventKey::Chat, (is_show ? 0 : kStatusHidden) | (enable ? 0 : kStatusDisabled), 10005));
+  const std::int32_t status = (is_show ? 0 : kStatusHidden) | (enable ? 0 : kStatusDisabled);
+  Apply({EventKey::Chat, status, kStatusHidden | kStatusDisabled, 10005});
 }
 
 void ControlbarManager::SetShareAudioEnable(bool enable) {

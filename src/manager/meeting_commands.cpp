@@ -90,7 +90,8 @@ void ControlbarManager::SetSketchEnable(bool enable) {
   const Scope scope(__func__);
   Info("[Controlbar] Set annotate enable {}.", enable);
   m_data->SetSketchEnabled(enable);
-  Apply(Bit(EventKey::Annotate, kStatusDisabled, !enable));
+  if (!IsSketchLoading()) Change(Bit(EventKey::Annotate, kStatusDisabled, !enable));
+  UpdateUIElement(EventKey::Annotate);
 }
 
 void ControlbarManager::SetSketchVisible(bool visible) {
@@ -99,7 +100,9 @@ void ControlbarManager::SetSketchVisible(bool visible) {
   m_data->SetSketchVisible(visible);
   const bool screen_box = m_data->GetMeetingSubType() == kSubTypeScreenBox;
   if (screen_box) Info("meeting sub type is SCREEN_BOX. sketch button is invalid.");
-  Apply(Bit(EventKey::Annotate, kStatusHidden, screen_box || !visible));
+  m_isAnnotateHidden = screen_box || !visible;
+  if (!IsSketchLoading()) Change(Bit(EventKey::Annotate, kStatusHidden, m_isAnnotateHidden));
+  UpdateUIElement(EventKey::Annotate);
 }
 
 void ControlbarManager::SetInterpretationEnable(bool enable) {
@@ -111,16 +114,16 @@ void ControlbarManager::SetInterpretationEnable(bool enable) {
 
 void ControlbarManager::UpdateInterpreationBtnStatus() {
   const Scope scope(__func__);
-  std::int32_t status = 0;
+  bool hidden = false;
   if (m_data->GetInterpretationEnable()) {
     Info("GetInterpretationEnable Show Interpreation");
   } else if (m_data->GetHostType() == kHostTypeHost) {
     Info("Show Host Interpreation");
   } else {
     Info("Hide Interpreation");
-    status = kStatusHidden;
+    hidden = true;
   }
-  Apply(Whole(EventKey::Interpretation, status));
+  Apply(Bit(EventKey::Interpretation, kStatusHidden, hidden));
 }
 
 void ControlbarManager::SetShareAccess(std::int64_t onlyHost, std::int64_t onlyHostCanStartAnyTime,
