@@ -2,12 +2,14 @@
 // How often the plug-in asks for memory on the paths that run all the time. The program replaces
 // operator new and the log library, so it is one of its own.
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "frame/notifier.h"
@@ -18,19 +20,23 @@
 namespace {
 
 std::size_t allocations = 0;
+std::size_t bytes_in_use = 0;
 
 }  // namespace
 
 void* operator new(std::size_t size) {
   ++allocations;
-  if (void* const block = std::malloc(size)) return block;
-  throw std::bad_alloc();
+  void* const block = std::malloc(size);
+  if (block == nullptr) throw std::bad_alloc();
+  bytes_in_use += malloc_usable_size(block);
+  return block;
 }
 void operator delete(void* block) noexcept {
+  if (block != nullptr) bytes_in_use -= malloc_usable_size(block);
   std::free(block);
 }
 void operator delete(void* block, std::size_t) noexcept {
-  std::free(block);
+  operator delete(block);
 }
 
 // The log library: drops its lines without allocating.
@@ -145,6 +151,33 @@ TEST_F(AllocationsTest, NotificationAllocatesForItsTextsOnly) {
             }),
             4u);
   EXPECT_EQ(told, 3);
+}
+
+// The bytes of the camera list that the manager still has after `close` has run.
+template <typename Close>
+std::size_t BytesOfListAfter(Close close) {
+  ControlbarManager& manager = *ControlbarManager::GetInstance();
+  constexpr std::size_t kRows = 10'000;
+  const std::size_t before = bytes_in_use;
+  VELLOMAR_CONTROLBAR::DeviceList cameras;
+  cameras.devices.resize(kRows);
+  manager.Data().UpdateCameraItems(std::move(cameras));
+  int count = 0;
+  manager.Data().FormatCameraItems(count);
+  manager.CloseSharedControlbar();
+  EXPECT_GE(bytes_in_use, before + kRows * sizeof(VELLOMAR_LORIMEL::BtnParams))
+      << "the widget library may still draw the rows";
+  close(manager);
+  return bytes_in_use - std::min(bytes_in_use, before);
+}
+
+TEST_F(AllocationsTest, RowsOfClosedWindowsAreFreedWhenTheCloseIsReported) {
+  char window = 0;
+  ControlbarManager::GetInstance()->OnControlbarCreated(&window, true, 1, 0, 0, 0, 0);
+  EXPECT_LT(BytesOfListAfter([&](ControlbarManager& m) { m.OnControlbarClosed(&window); }), 5'000u);
+  EXPECT_LT(BytesOfListAfter([](ControlbarManager& m) { m.ShowSharedControlbar(0, 0, 1, 1); }),
+            200'000u)
+      << "the library keeps copies of the records";
 }
 
 // Participants with texts that no small string holds.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The rows of the drop-down windows, and the participants.
+// The rows of the drop-down windows.
 #include <gmock/gmock.h>
 
 #include <sstream>
@@ -10,7 +10,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class ListsTest : public BarTest {
  protected:
@@ -56,22 +55,6 @@ class ListsTest : public BarTest {
                           {"itemText", ""},
                           {"tag", tag},
                           {"sta", 0}});
-  }
-
-  static Json Person(const std::string& id, const Json& changes = Json::object()) {
-    Json person = {{"userId", id},
-                   {"instanceId", "-"},
-                   {"number", 1},
-                   {"displayName", "Name " + id},
-                   {"room", ""},
-                   {"avatarKey", "key " + id},
-                   {"avatarPath", "path " + id},
-                   {"flag", true}};
-    person.update(changes);
-    return person;
-  }
-  void Update(const std::vector<Json>& people) {
-    Send("updateParticipants", {{"participants", people}});
   }
 };
 
@@ -191,7 +174,7 @@ TEST_F(ListsTest, SketchAndAudioLists) {
 }
 
 TEST_F(ListsTest, ParticipantsOfTheRoomAreListedByKey) {
-  Update({Person("b"), Person("a", {{"flag", false}}), Person("c", {{"room", "r5"}})});
+  UpdateParticipants({Person("b"), Person("a", {{"flag", false}}), Person("c", {{"room", "r5"}})});
   EXPECT_THAT(Described(1006), ElementsAre("-1 ControllingText Nobody 0", "1039 ListView Name a 4",
                                            "1039 ListView Name b 0"));
   EXPECT_EQ(Rows(1006)[1].value_text, "a-1");
@@ -202,42 +185,11 @@ TEST_F(ListsTest, ParticipantsOfTheRoomAreListedByKey) {
                                            "1040 ControlButton 10068 0", "1039 ListView Name c 0"));
 }
 
-TEST_F(ListsTest, AnUpdateAsksOnlyForThoseWhoAreNew) {
-  answers["b"] = -1;
-  Update({Person("a"), Person("b")});
-  EXPECT_THAT(requests, ElementsAre("a", "b"));
-  EXPECT_TRUE(Logged("add participant: userid a, avatarKey: key a"));
-  EXPECT_EQ(Manager().Data().GetAvatarPath("a-1"), "path a");
-  EXPECT_EQ(Manager().Data().GetAvatarPath("b-1"), "") << "the host has no avatar";
-  Forget();
-  Update({Person("a", {{"displayName", "New"}}), Person("c")});
-  EXPECT_THAT(requests, ElementsAre("c"));
-  EXPECT_TRUE(Logged("remove participant: userid b, avatarKey: key b"));
-  EXPECT_FALSE(Logged("add participant: userid a, avatarKey: key a"));
-  EXPECT_EQ(Manager().Data().FindParticipantByKey("a-1")->display_name, "New");
-  Update({});
-  EXPECT_EQ(Manager().Data().GetParticipantStoreSize(), 0u);
-  EXPECT_EQ(Manager().Data().GetAvatarPath("a-1"), "");
-  EXPECT_TRUE(LoggedFault("GetAvatarPath value not found!"));
-}
-
-TEST_F(ListsTest, AnAvatarThatArrivesReachesAllWithItsKey) {
-  Update({Person("a", {{"avatarKey", "k"}}), Person("b", {{"avatarKey", "k"}}), Person("c")});
-  Rows(1006);
-  VellomarAvatarResponse response{"k", "/new.png"};
-  ExportedOnReceive(VELLOMAR_RESPONSE_AVATAR, 0, &response);
-  EXPECT_EQ(Rows(1006)[1].icon_path, "/new.png");
-  EXPECT_EQ(Rows(1006)[2].icon_path, "/new.png");
-  EXPECT_EQ(Rows(1006)[3].icon_path, "path c");
-  Update({Person("a", {{"avatarKey", "k"}, {"avatarPath", ""}})});
-  EXPECT_EQ(Manager().Data().GetAvatarPath("a-1"), "/new.png") << "no other path was named";
-}
-
 TEST_F(ListsTest, RowsOutliveWhatTheyWereMadeFrom) {
   const std::string long_name(100, 'n');
   const Json devices = {{{"id", std::string(50, 'i')}, {"name", long_name}}};
   Send("setCameraInfo", {{"cameras", devices}, {"currentCameraId", ""}});
-  Update({Person("a", {{"displayName", long_name}, {"avatarKey", "k"}})});
+  UpdateParticipants({Person("a", {{"displayName", long_name}, {"avatarKey", "k"}})});
   SetHostInfo();
   SetMoveNewTag("old");
   for (const std::int32_t window : {1020, 1006, 1065, 1008}) Rows(window);
@@ -245,25 +197,9 @@ TEST_F(ListsTest, RowsOutliveWhatTheyWereMadeFrom) {
   VellomarAvatarResponse response{"k", "/another/path.png"};
   ExportedOnReceive(VELLOMAR_RESPONSE_AVATAR, 0, &response);
   Send("setCameraInfo", {{"cameras", Json::array()}, {"currentCameraId", ""}});
-  Update({Person("a", {{"displayName", "short"}, {"avatarKey", "k"}})});
+  UpdateParticipants({Person("a", {{"displayName", "short"}, {"avatarKey", "k"}})});
   SetMoveNewTag("new");
   EXPECT_EQ(Library().ReadEveryText(), before);
-}
-
-TEST_F(ListsTest, TenThousandParticipantsAreOrdinary) {
-  std::vector<Json> people;
-  people.reserve(10'000);
-  for (int i = 0; i < 10'000; ++i)
-    people.push_back(Person(std::to_string(i), {{"avatarKey", "k"}}));
-  Update(people);
-  EXPECT_EQ(requests.size(), 10'000u);
-  EXPECT_EQ(Rows(1006).size(), 10'001u);
-  people[5000]["displayName"] = "Changed";
-  Forget();
-  Update(people);
-  EXPECT_THAT(requests, IsEmpty());
-  EXPECT_LT(recording_log::Lines().size(), 20u) << "no line for those who did not change";
-  EXPECT_EQ(Manager().Data().FindParticipantByKey("5000-1")->display_name, "Changed");
 }
 
 }  // namespace

@@ -45,13 +45,13 @@ const StatusCase kStatusCases[] = {
      {{"enable", false}, {"isShow", true}},
      1007,
      1,
-     4,
+     5,
      "SetInteraction: enable = false, isShow = true"},
     {"setInteraction",
      {{"enable", true}, {"isShow", false}},
      1007,
-     1,
-     2,
+     5,
+     3,
      "[Controlbar] Set chat enable true."},
     {"setRemoteControlEnabled",
      {{"enable", false}},
@@ -99,6 +99,13 @@ const StatusCase kStatusCases[] = {
      2,
      "SetAskHostForHelpVisible: false"},
     {"setAskHostForHelpEnable", {{"enable", false}}, 1011, 2, 6, "SetAskHostForHelpEnable: false"},
+    {"setInterpretationEnable", {{"enable", false}}, 1009, 5, 7, "Hide Interpreation"},
+    {"setInterpretationEnable",
+     {{"enable", true}},
+     1009,
+     6,
+     4,
+     "GetInterpretationEnable Show Interpreation"},
     {"setInterpretationOriginEnable",
      {{"enable", false}},
      1085,
@@ -186,6 +193,35 @@ TEST_F(StateCommandsTest, TheChatCountIsShortenedAndMarksTheSwitch) {
   }
 }
 
+TEST_F(StateCommandsTest, CountsOfMoreThan32BitsAreHeldToTheRange) {
+  constexpr std::int64_t kMany = std::int64_t{1} << 32;
+  Send("setChatMessageCount", {{"count", kMany}});
+  EXPECT_EQ(Library().Button(EventKey::Chat)->sub_label, "...");
+  Send("setChatMessageCount", {{"count", -kMany + 1}});
+  EXPECT_EQ(Library().Button(EventKey::Chat)->sub_label, "");
+  Send("setParticipantsCount", {{"count", kMany + 3}});
+  EXPECT_STREQ(Button(1003).text, "People (2147483647)");
+  Send("setMicVolume", {{"volume", -kMany}});
+  EXPECT_EQ(Library().MicVolume(), -2147483647 - 1);
+}
+
+TEST_F(StateCommandsTest, ABarThatIsShownAgainShowsNothingOfTheLastMeeting) {
+  Send("setParticipantsCount", {{"count", 12}});
+  Send("setChatMessageCount", {{"count", 3}});
+  Send("enterMeetingSubRoom", {{"roomName", "Room 5"}, {"roomId", "r5"}});
+  Forget();
+  Send("closeSharedControlbar");
+  EXPECT_THAT(PushedKeys(), IsEmpty());
+  ShowBar();
+  EXPECT_EQ(Library().Button(EventKey::Participants)->text, "People");
+  EXPECT_EQ(Library().Button(EventKey::Chat)->sub_label, "");
+  EXPECT_EQ(Library().Button(EventKey::ControlbarSwitch)->status, 0);
+  EXPECT_EQ(Library().Button(EventKey::Leave)->text, "10011");
+  EXPECT_EQ(Library().Button(EventKey::Leave)->icon_path, "icon_call_end_filled.icon");
+  EXPECT_EQ(Library().Button(EventKey::SubRoomName)->status, 2);
+  EXPECT_EQ(Library().Button(EventKey::SubRoomName)->text, "");
+}
+
 TEST_F(StateCommandsTest, TheHostTypeDecidesWhatIsOffered) {
   const std::pair<int, std::int32_t> types[] = {{0, 2}, {1, 0}, {2, 0}, {3, 2}, {7, 0}};
   for (const auto& [type, status] : types) {
@@ -215,9 +251,12 @@ TEST_F(StateCommandsTest, TheLeaveButtonFollowsTheSubRoom) {
   Send("enterMeetingSubRoom", {{"roomName", "Room 5"}, {"roomId", "r5"}});
   EXPECT_STREQ(Button(1014).text, "10092");
   EXPECT_STREQ(Button(1014).iconPath, "icon_leaveroom_filled.icon");
-  EXPECT_TRUE(Logged("sub room host: leave button icon switch"));
+  EXPECT_FALSE(Logged("sub room host: leave button icon switch"));
   EXPECT_STREQ(Button(1079).text, "Room 5");
   EXPECT_EQ(Status(1079), 0);
+  Send("setHostType", {{"type", 0}});
+  EXPECT_TRUE(Logged("sub room host: leave button icon switch"));
+  EXPECT_STREQ(Button(1014).text, "10092");
   Send("setHostType", {{"type", 1}});
   EXPECT_STREQ(Button(1014).text, "10011");
   EXPECT_STREQ(Button(1014).iconPath, "icon_call_end_filled.icon");
@@ -243,6 +282,39 @@ TEST_F(StateCommandsTest, TheSketchButtonIsNeverShownInAScreenBox) {
   EXPECT_THAT(PushedKeys(), testing::IsSupersetOf({1003, 1042, 1012, 1074}));
   Send("setMeetingSubType", {{"type", 0}});
   EXPECT_EQ(Status(1042), 0) << "the stored values are applied again";
+  EXPECT_STREQ(Button(1012).text, "10006");
+}
+
+TEST_F(StateCommandsTest, WhileTheSketchBarLoadsTheAnnotateButtonSaysSo) {
+  const auto after_loading = [this](const char* command, const Json& arguments) {
+    Send("setSketchLoading", {{"loading", true}});
+    Send(command, arguments);
+    EXPECT_EQ(Status(1042), 20) << command;
+    Send("setSketchLoading", {{"loading", false}});
+    return Status(1042);
+  };
+  EXPECT_EQ(after_loading("setSketchEnable", {{"enable", false}}), 0);
+  EXPECT_FALSE(Manager().Data().GetSketchEnabled());
+  EXPECT_EQ(after_loading("setSketchVisible", {{"visible", false}}), 2);
+  EXPECT_EQ(after_loading("setSketchEnable", {{"enable", true}}), 2) << "it was hidden before";
+  EXPECT_EQ(after_loading("setSketchVisible", {{"visible", true}}), 0);
+  EXPECT_EQ(after_loading("setMeetingSubType", {{"type", 5}}), 2);
+  InstallTexts();  // sets every status word back
+  EXPECT_EQ(after_loading("setSketchEnable", {{"enable", true}}), 2) << "still a screen box";
+  EXPECT_EQ(after_loading("setMeetingSubType", {{"type", 0}}), 0);
+}
+
+TEST_F(StateCommandsTest, TheSubTypeThatIsSetAlreadyRewritesNoLabel) {
+  Send("setMeetingSubType", {{"type", 1}});
+  Send("setItemValue", {{"key", 1012},
+                        {"hasExpend", false},
+                        {"itemName", ""},
+                        {"itemText", "Share more"},
+                        {"tag", ""},
+                        {"sta", 0}});
+  Send("setMeetingSubType", {{"type", 1}});
+  EXPECT_STREQ(Button(1012).text, "Share more");
+  Send("setMeetingSubType", {{"type", 0}});
   EXPECT_STREQ(Button(1012).text, "10006");
 }
 
@@ -327,9 +399,38 @@ TEST_F(StateCommandsTest, TestContentLastsUntilTheNextTextMap) {
   Send("setTestContentMap", {{"keys", {1001, 2000, 999}}, {"texts", {"Try", "none", "spare"}}});
   EXPECT_EQ(Library().Button(EventKey::MuteAudio)->text, "Try");
   EXPECT_THAT(PushedKeys(), ElementsAre(1001));
+  Send("setTestContentMap", {{"keys", {1003, 1012, 1014, 1070, 1001}},
+                             {"texts", {"t1003", "t1012", "t1014", "t1070", "t1001"}}});
+  Send("setAudioStatus", {{"status", 0}});
+  Send("setParticipantsCount", {{"count", 5}});
+  Send("setMeetingSubType", {{"type", 1}});
+  Send("enterMeetingSubRoom", {{"roomName", "Room 5"}, {"roomId", "r5"}});
+  Send("setMeetingNumber", {{"number", "42"}});
+  Send("closeSharedControlbar");
+  Send("setItemValue", {{"key", 1001},
+                        {"hasExpend", false},
+                        {"itemName", ""},
+                        {"itemText", "item"},
+                        {"tag", ""},
+                        {"sta", 0}});
+  for (const int key : {1001, 1003, 1012, 1014, 1070}) {
+    EXPECT_EQ(Button(key).text, "t" + std::to_string(key));
+  }
   InstallTexts();
   EXPECT_STREQ(Button(1001).text, "10001");
   Send("setTestContentMap", {{"keys", {1001}}, {"texts", Json::array()}});
+  Send("setAudioStatus", {{"status", 0}});
+  EXPECT_STREQ(Button(1001).text, "10001");
+}
+
+TEST_F(StateCommandsTest, TestContentForAKeyOfMoreThan32BitsIsRefused) {
+  for (const std::int64_t key :
+       {(std::int64_t{1} << 32) + 1001, std::int64_t{1} << 62, -(std::int64_t{1} << 32) + 1001}) {
+    Forget();
+    Send("setTestContentMap", {{"keys", {key}}, {"texts", {"Try"}}});
+    EXPECT_TRUE(LoggedFault("[Controlbar Data] key out of range!")) << key;
+    EXPECT_THAT(PushedKeys(), IsEmpty());
+  }
   EXPECT_STREQ(Button(1001).text, "10001");
 }
 
@@ -381,6 +482,11 @@ TEST_F(StateCommandsTest, TheSketchBarIsGivenItsButtons) {
   Library().behaviour.refuse_sketch = true;
   EXPECT_EQ(Send("showSketchControlbar", {{"show", true}}), Json({{"result", false}}));
   EXPECT_THAT(PushedKeys(), IsEmpty());
+}
+
+TEST_F(StateCommandsTest, TheInterpretationSwitchIsStored) {
+  Send("setInterpretationSwitchEnable", {{"enable", true}});
+  EXPECT_TRUE(Manager().Data().GetInterpretationSwitchEnable());
 }
 
 TEST_F(StateCommandsTest, OneSketchToolIsSelectedAtATime) {

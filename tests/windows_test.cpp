@@ -53,6 +53,32 @@ TEST_F(WindowsTest, TheDefaultTitleIsUsedUntilTheHostSetsOne) {
   EXPECT_EQ(Library().Creations().front().title, "Default SDK Title");
 }
 
+TEST_F(WindowsTest, ANullTitleKeepsTheOldOne) {
+  Send("setWindowTitle", {{"title", "Stand-up"}});
+  Send("setWindowTitle", {{"title", nullptr}});
+  EXPECT_TRUE(LoggedFault("set windows title is nullptr"));
+  EXPECT_EQ(Manager().Data().GetWindowTitle(), "Stand-up");
+  Send("setMeetingNumber", {{"number", "42"}});
+  Send("setMeetingNumber", {{"number", nullptr}});
+  EXPECT_EQ(Manager().Data().GetMeetingNumber(), "") << "other texts are empty";
+  Send("setWindowTitle", {{"title", ""}});
+  EXPECT_EQ(Manager().Data().GetWindowTitle(), "");
+}
+
+TEST_F(WindowsTest, RecordsHaveTheirKeysBeforeTheFirstTextMap) {
+  ShowBar();
+  ASSERT_NE(Library().Button(EventKey::SketchColor), nullptr);
+  EXPECT_EQ(Library().Button(EventKey::SketchColor)->group_value, 1055);
+  Send("showSketchControlbar", {{"show", true}});
+  Send("selectSketchBtn", {{"key", 1044}, {"unread", false}});
+  Send("setSketchbarBtnEnable", {{"key", 1047}, {"enable", false}});
+  Send("setSketchLoading", {{"loading", true}});
+  Send("setMeetingSubType", {{"type", 1}});
+  EXPECT_THAT(PushedKeys(), Not(Contains(0)));
+  EXPECT_EQ(Library().Pushed(EventKey::SketchColor).front().copy.group_value, 1055);
+  EXPECT_EQ(Library().Button(EventKey::SketchUndo)->status, 4);
+}
+
 TEST_F(WindowsTest, ARefusedCreationAnswersFalse) {
   Library().behaviour.refuse_create = true;
   EXPECT_FALSE(ShowBar());
@@ -125,8 +151,84 @@ TEST_P(RecreationTest, ASwitchOfTheSubTypeCreatesTheBarAnew) {
   EXPECT_THAT(Told(), ElementsAre("controlbarClosed"));
 }
 
+TEST_P(RecreationTest, AHostThatClosesTheNewBarAtOnceEndsIt) {
+  Library().behaviour.closed_later = GetParam();
+  ShowBar();
+  inside["controlbarCreated"] = [this] { Close(); };
+  Forget();
+  Send("setMeetingSubType", {{"type", 5}});
+  Library().DeliverPending();
+  EXPECT_EQ(Library().Creations().size(), 2u);
+  EXPECT_THAT(Told(), ElementsAre(StartsWith("controlbarCreated"), "controlbarClosed"));
+  EXPECT_EQ(Library().BarHandle(), nullptr);
+}
+
+TEST_P(RecreationTest, ARecreationThatFailsIsReportedAsAClose) {
+  Library().behaviour.closed_later = GetParam();
+  ShowBar();
+  Forget();
+  Library().behaviour.refuse_create = true;
+  Send("setMeetingSubType", {{"type", 5}});
+  Library().DeliverPending();
+  EXPECT_THAT(Told(), ElementsAre("controlbarClosed"));
+
+  Library().behaviour.refuse_create = false;
+  ShowBar();
+  Forget();
+  Library().behaviour.refuse_show = true;
+  Send("setMeetingSubType", {{"type", 1}});
+  Library().DeliverPending();
+  EXPECT_THAT(Told(), ElementsAre(StartsWith("controlbarCreated"), "controlbarClosed"));
+  EXPECT_EQ(Library().BarHandle(), nullptr) << "a bar that nobody sees is not left behind";
+}
+
 INSTANTIATE_TEST_SUITE_P(Close, RecreationTest, testing::Bool(),
                          [](const auto& later) { return later.param ? "Later" : "AtOnce"; });
+
+TEST_F(WindowsTest, ASecondSwitchBeforeTheCloseIsReportedKeepsTheRecreation) {
+  Library().behaviour.closed_later = true;
+  ShowBar();
+  Forget();
+  Send("setMeetingSubType", {{"type", 5}});
+  Send("setMeetingSubType", {{"type", 1}});  // there is nothing left to close
+  Library().DeliverPending();
+  ASSERT_EQ(Library().Creations().size(), 2u);
+  EXPECT_EQ(Library().Creations().back().type, 1);
+  EXPECT_THAT(Told(), ElementsAre(StartsWith("controlbarCreated")));
+}
+
+TEST_F(WindowsTest, ACloseByTheHostCancelsTheRecreation) {
+  Library().behaviour.closed_later = true;
+  ShowBar();
+  Forget();
+  Send("setMeetingSubType", {{"type", 5}});
+  Close();
+  Library().DeliverPending();
+  EXPECT_EQ(Library().Creations().size(), 1u);
+  EXPECT_THAT(Told(), ElementsAre("controlbarClosed"));
+}
+
+TEST_F(WindowsTest, ACloseThatIsReportedAfterUninitCreatesNothing) {
+  Library().behaviour.closed_later = true;
+  ShowBar();
+  Send("setMeetingSubType", {{"type", 5}});
+  ExportedUninit();
+  Library().DeliverPending();
+  EXPECT_EQ(Library().Creations().size(), 1u);
+}
+
+TEST_F(WindowsTest, ABarThatTheHostShowsMeanwhileTakesThePlaceOfTheRecreation) {
+  Library().behaviour.closed_later = true;
+  ShowBar();
+  Send("setMeetingSubType", {{"type", 5}});
+  ShowBar();
+  Library().DeliverPending();
+  Forget();
+  Close();
+  Library().DeliverPending();
+  EXPECT_EQ(Library().Creations().size(), 2u);
+  EXPECT_THAT(Told(), ElementsAre("controlbarClosed"));
+}
 
 TEST_F(WindowsTest, TheSameSubTypeKeepsTheBar) {
   Send("setMeetingSubType", {{"type", 1}});
@@ -157,6 +259,14 @@ TEST_F(WindowsTest, ANewTextMapReachesTheOpenBar) {
   EXPECT_EQ(PushedKeys().size(), 92u);
   EXPECT_EQ(Library().Button(EventKey::MuteAudio)->text, "Ton");
   EXPECT_GT(Library().ReadEveryText(), 0u);
+}
+
+TEST_F(WindowsTest, ARefusedTextMapPushesNothing) {
+  InstallTexts();
+  ShowBar();
+  Forget();
+  Send("setTextMap", {{"ids", {10001, 10002}}, {"texts", {"Ton"}}});
+  EXPECT_THAT(PushedKeys(), IsEmpty());
 }
 
 TEST_F(WindowsTest, ButtonCommandsChangeOneBitAndPushTheRecord) {

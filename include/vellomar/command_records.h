@@ -3,9 +3,9 @@
  *
  * Every record is plain, naturally aligned and little-endian; 64-bit fields are aligned on 8. Texts
  * are NUL-terminated UTF-8. Record, texts and arrays belong to the host; the plug-in copies them
- * before ExportedCallEvent returns. A null text is read as empty, a null array or a count of 0 or
- * less as an empty list. A flag is one byte, 0 or not. The offsets asserted here are those of the
- * 32-bit interface. All of it is [loop thread].
+ * before ExportedCallEvent returns. A null text is read as empty, but for "setWindowTitle", which
+ * refuses it; a null array or a count of 0 or less is an empty list. A flag is one byte, 0 or not.
+ * The offsets asserted here are those of the 32-bit interface. All of it is [loop thread].
  *
  * Which command takes which record stands in vellomar/command_table.def. */
 #ifndef VELLOMAR_COMMAND_RECORDS_H

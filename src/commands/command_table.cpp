@@ -3,8 +3,11 @@
 // trace scope, and have the operation run on the host's loop.
 #include "commands/command_table.h"
 
+#include <algorithm>
 #include <functional>
+#include <limits>
 #include <memory>
+#include <string>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -39,12 +42,18 @@ struct Signature<R (ControlbarManager::*)(Ps...)> {
   using Parameters = std::tuple<std::remove_cvref_t<Ps>...>;
 };
 
-// Numbers of a record become the operation's own type: what it declares as int gets the low 32
-// bits.
+// Values of a record become the operation's own type. A number is held to that type's range, not
+// cut, and a null text is empty for operations that do not tell the two apart.
 template <typename To, typename From>
 decltype(auto) ConvertTo(From& value) {
-  if constexpr (std::is_arithmetic_v<To>) {
-    return static_cast<To>(value);
+  if constexpr (std::is_same_v<To, int> && std::is_same_v<From, std::int64_t>) {
+    using Range = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(value, Range::min(), Range::max()));
+  } else if constexpr (std::is_arithmetic_v<To>) {
+    static_assert(std::is_same_v<To, From>);
+    return To{value};
+  } else if constexpr (std::is_same_v<To, std::string> && !std::is_same_v<From, std::string>) {
+    return std::move(value).value_or(std::string());
   } else {
     return std::move(value);
   }

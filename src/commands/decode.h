@@ -3,11 +3,13 @@
 //
 //     auto [key, visible] = Decode(*static_cast<const VellomarButtonFlag*>(payload));
 //
-// A null text is empty, a null array or a count of 0 or less an empty list.
+// A null text is empty, unless it is all that the record holds: there the operation decides. A null
+// array or a count of 0 or less is an empty list.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -55,8 +57,9 @@ inline std::tuple<std::int64_t> Decode(const VellomarInt& r) {
 inline std::tuple<std::int64_t> Decode(const VellomarLong& r) {
   return {r.value};
 }
-inline std::tuple<std::string> Decode(const VellomarText& r) {
-  return {Owned(r.text)};
+inline std::tuple<std::optional<std::string>> Decode(const VellomarText& r) {
+  if (r.text == nullptr) return {std::nullopt};
+  return {r.text};
 }
 inline std::tuple<std::uint64_t> Decode(const VellomarDuration& r) {
   return {VELLOMAR_COMMON::ParseNumber(r.seconds != nullptr ? r.seconds : "")};

@@ -81,8 +81,14 @@ constexpr Default kDefaults[] = {
 
 }  // namespace
 
+// The widget library knows a record by its key, so every one has it from the start.
 ControlBarDataManager::ControlBarDataManager() {
   const Scope scope(__func__);
+  for (std::size_t i = 0; i < kKeyCount; ++i) {
+    m_records[i].key = static_cast<EventKey>(kFirstKey + static_cast<std::int32_t>(i));
+  }
+  m_records[*Index(EventKey::SketchColor)].groupValue =
+      static_cast<std::int32_t>(EventKey::SketchColorNone);
 }
 
 std::optional<std::size_t> ControlBarDataManager::Index(EventKey key) {
@@ -100,6 +106,12 @@ BtnParams* ControlBarDataManager::CheckedRecord(EventKey key) {
   return &m_records[*index];
 }
 
+// The host's test content stays, whatever else would write the label.
+void ControlBarDataManager::WriteLabel(EventKey key, const char* text) {
+  const auto test = m_testContent.find(key);
+  m_records[*Index(key)].text = test != m_testContent.end() ? test->second.c_str() : text;
+}
+
 bool ControlBarDataManager::IsShown(const BtnParams& params) const {
   return &params != &m_records[kSpareRecord];
 }
@@ -113,7 +125,7 @@ void ControlBarDataManager::SetEventKeyParams(EventKey key, std::uint64_t text_i
   record->key = key;
   record->hasExpand = expand;
   record->status = status;
-  record->text = text_id != kNoText ? GetNativeText(text_id) : nullptr;
+  WriteLabel(key, text_id != kNoText ? GetNativeText(text_id) : nullptr);
   record->toolTip = tip_id != kNoText ? GetNativeText(tip_id) : "";
   record->objectName = nullptr;
   record->valueText = m_slots[*Index(key)].c_str();
@@ -133,7 +145,7 @@ void ControlBarDataManager::SetEventKeyParams(EventKey key, const char* text,
   BtnParams* const record = CheckedRecord(key);
   if (record == nullptr) return;
   record->key = key;
-  if (text != nullptr) record->text = text;
+  if (text != nullptr) WriteLabel(key, text);
 }
 
 BtnParams* ControlBarDataManager::GetEventKeyParams(EventKey key) {
@@ -157,7 +169,7 @@ void ControlBarDataManager::SetButtonContent(EventKey /*key*/, std::uint64_t tex
   const Scope scope(__func__);
   BtnParams& record = m_records[*Index(EventKey::Leave)];
   record.key = EventKey::Leave;
-  record.text = GetNativeText(text_id);
+  WriteLabel(EventKey::Leave, GetNativeText(text_id));
 }
 
 void ControlBarDataManager::SetButtonTooltip() {
@@ -188,7 +200,7 @@ void ControlBarDataManager::SetComposedLabel(EventKey key, std::string label) {
   std::string& slot = m_slots[*Index(key)];
   slot = std::move(label);
   record->key = key;
-  record->text = slot.c_str();
+  WriteLabel(key, slot.c_str());
   record->valueText = slot.c_str();
 }
 
@@ -197,25 +209,25 @@ void ControlBarDataManager::SetItem(EventKey key, bool expand, std::string name,
   const Scope scope(__func__);
   BtnParams* const record = CheckedRecord(key);
   if (record == nullptr) return;
-  if (key == EventKey::MoveNew) m_moveNewText = tag;
   ItemTexts& texts = m_itemTexts[IsShown(*record) ? key : EventKey::GroupHeader];
+  if (key == EventKey::MoveNew) m_moveNewText = tag;  // the last that may fail
   texts = {std::move(name), std::move(text), std::move(tag)};
   record->key = key;
   record->hasExpand = expand;
   record->objectName = texts.name.c_str();
-  record->text = texts.text.c_str();
+  WriteLabel(key, texts.text.c_str());
   record->valueText = texts.tag.c_str();
   record->status = status;
 }
 
-void ControlBarDataManager::SetTestContent(EventKey key, std::string text) {
+void ControlBarDataManager::SetTestContent(std::map<EventKey, std::string> texts) {
   const Scope scope(__func__);
-  BtnParams* const record = CheckedRecord(key);
-  if (record == nullptr) return;
-  std::string& content = m_testContent[IsShown(*record) ? key : EventKey::GroupHeader];
-  content = std::move(text);
-  record->key = key;
-  record->text = content.c_str();
+  for (auto& [key, text] : texts) {
+    const auto known = m_testContent.find(key);
+    if (known != m_testContent.end()) known->second.swap(text);
+  }
+  m_testContent.merge(texts);
+  for (const auto& [key, text] : m_testContent) WriteLabel(key, text.c_str());
 }
 
 void ControlBarDataManager::UpdateSubTypeLabels() {

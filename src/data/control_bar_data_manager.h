@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstdint>
+#include <list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -61,14 +62,16 @@ class ControlBarDataManager {
   // Replaces what the host names of a record, keeping copies of the texts.
   void SetItem(EventKey key, bool expand, std::string name, std::string text, std::string tag,
                std::int32_t status);
-  // The texts stand in for the labels of these keys until the next text map.
-  void SetTestContent(EventKey key, std::string text);
+  // The texts stand in for the labels of these keys, which are in the store, until the next text
+  // map: whatever else would write the label.
+  void SetTestContent(std::map<EventKey, std::string> texts);
   // False for the spare record.
   bool IsShown(const BtnParams& params) const;
 
   // --- Texts (text_mapping.cpp)
 
-  void InitTextMapping(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
+  // False, and nothing changed, for lists of different lengths.
+  bool InitTextMapping(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
   const char* GetNativeText(std::uint64_t id) const;  // null for an unknown id
   const std::string& ResourcePath() const { return m_resourcePath; }
 
@@ -116,6 +119,9 @@ class ControlBarDataManager {
   void SetInterpretationSwitchEnable(bool enable) {
     StoreLogged(__func__, m_interpretationSwitchEnable, enable,
                 "SetInterpretationSwitchEnable enable = {}");
+  }
+  bool GetInterpretationSwitchEnable() const {
+    return Load(__func__, m_interpretationSwitchEnable);
   }
   void SetControllbarSwitch(bool open) {
     StoreLogged(__func__, m_isExpanded, open, "SetControllbarSwitch bOpen = {}");
@@ -183,11 +189,17 @@ class ControlBarDataManager {
   void UpdateBtnShareNewExpandStatus();
   // The labels of ShareNew and StopSharing name what is shared.
   void UpdateSubTypeLabels();
-  // The meeting was left: empties lists and texts. Flags and codes keep their values.
+  // A plain participant in a sub-room leaves the room, everybody else the meeting.
+  bool LeavesSubRoom() const;
+  void UpdateLeaveButton();
+  // The meeting was left: empties lists and texts, and the records that showed them. Flags and
+  // codes keep their values.
   void ClearDataCache();
+  // Frees the rows that ClearDataCache has kept for windows that were still closing.
+  void DropClosedLists();
 
   // --- Rows of the drop-down windows (drop_down_lists.cpp). A list is valid until it is built
-  // again or ClearDataCache runs; null where there is no list.
+  // again or the bar has closed after ClearDataCache; null where there is no list.
 
   BtnParams* FormatAudioItems(int& count);
   BtnParams* FormatCameraItems(int& count);
@@ -209,8 +221,11 @@ class ControlBarDataManager {
 
   // User id, instance id and number in decimal, joined.
   static std::string MakeParticipantKey(const ParticipantId& id);
-  // The meeting's participants are exactly these from now on.
+  // The meeting's participants are exactly these from now on. The host is asked for each one who is
+  // new and may send the participants again from inside the question: the newest list holds.
   void UpdateParticipants(const ParticipantList& participants);
+  // Avatar responses reach this store from now on, if there is a responser.
+  void RegisterForAvatars();
   // Null, with a log line, for an unknown key. Valid until the participant changes.
   const Participant* FindParticipantByKey(const std::string& key) const;
   // Empty, with a log line, for an unknown key.
@@ -263,17 +278,25 @@ class ControlBarDataManager {
     std::string name, text, tag;
   };
   using AvatarIndex = std::multimap<std::string, std::string>;
+  // Whose word the avatar path is. Nobody's: the host has said that there is none.
+  enum class PathSource : std::uint8_t { kList, kResponse, kNobody };
   struct ParticipantEntry {
     std::shared_ptr<const Participant> participant;
+    std::string listed_path;  // the one in the host's newest list
+    PathSource path_source = PathSource::kList;
+    bool asked = false;                           // the host, for its avatar
     std::optional<AvatarIndex::iterator> avatar;  // none without an avatar
     std::uint64_t update = 0;                     // the last one that named it
   };
+  using ParticipantMap = std::map<std::string, ParticipantEntry, std::less<>>;
+  struct ParticipantChanges;
 
   static std::optional<std::size_t> Index(EventKey key);
   BtnParams* CheckedRecord(EventKey key);
+  void WriteLabel(EventKey key, const char* text);
   void ResetRecords();
   void WriteDefaults();
-  void RegisterForAvatars();
+  void ForgetShownValues();
 
   BtnParams& AddRow(ItemList& list, const RowTemplate& row) const;
   void AddDeviceRows(ItemList& list, const RowTemplate& row, const SharedDevices& devices) const;
@@ -281,8 +304,9 @@ class ControlBarDataManager {
   void AddRows(ItemList& list, const Rows& rows) const;
   void AddSharingRows(ItemList& list) const;
   void AddSharingPermissions(ItemList& list) const;
-  void Begin(ItemList& list) const;
-  static BtnParams* Finish(ItemList& list, int& count);
+  ItemList NewList() const;
+  // The new rows take the place of the old ones.
+  static BtnParams* Finish(ItemList& kept, ItemList list, int& count);
 
   template <std::int32_t key>
   std::int32_t StatusOf() const;
@@ -295,10 +319,16 @@ class ControlBarDataManager {
   std::int32_t SubtitlesStatus() const;
   std::int32_t LiveStreamStatus() const;
 
-  void AddParticipant(const ParticipantList::Item& item, const std::string& key);
-  void ReplaceParticipant(ParticipantEntry& entry, const ParticipantList::Item& item);
-  void IndexAvatar(ParticipantEntry& entry);
-  void RemoveMissingParticipants();
+  void Prepare(ParticipantChanges& changes, const std::string& key,
+               const ParticipantList::Item& item);
+  ParticipantEntry Joining(const std::string& key, const ParticipantList::Item& item) const;
+  ParticipantEntry Changed(const ParticipantEntry& old, const ParticipantList::Item& item) const;
+  static bool IsSame(const ParticipantEntry& entry, const ParticipantList::Item& item);
+  void LogMissingParticipants() const;
+  void Take(ParticipantChanges& changes) noexcept;
+  void RemoveMissingParticipants() noexcept;
+  void AskForAvatars();
+  void AskForAvatar(const std::string& key);
 
   // The record behind the last stored one: the reset runs one key further than the store.
   static constexpr std::size_t kResetRecord = kKeyCount;
@@ -311,8 +341,9 @@ class ControlBarDataManager {
   std::map<EventKey, std::string> m_testContent;
 
   std::shared_ptr<const TextMap> m_texts = std::make_shared<TextMap>();
-  // The widget library may still read the texts of the last map until it was given all records.
+  // The widget library may still read the last labels until it was given all records.
   std::shared_ptr<const TextMap> m_previousTexts;
+  std::map<EventKey, std::string> m_previousTestContent;
   std::string m_resourcePath;
 
   std::int64_t m_hostType = 0;
@@ -365,8 +396,10 @@ class ControlBarDataManager {
   std::vector<ItemList> m_closedLists;
   std::string m_controllingText;
 
-  std::map<std::string, ParticipantEntry, std::less<>> m_participants;
+  ParticipantMap m_participants;
   AvatarIndex m_avatars;
+  std::list<std::string> m_questions;  // keys of those for whom the host has still to be asked
+  bool m_isAsking = false;
   std::uint64_t m_participantUpdate = 0;
   std::optional<Participant> m_remoteController;
 };

@@ -81,10 +81,9 @@ std::int32_t ControlBarDataManager::LiveStreamStatus() const {
 
 // --- Building
 
-void ControlBarDataManager::Begin(ItemList& list) const {
-  list.rows.clear();
-  list.owners.clear();
-  list.owners.push_back(m_texts);
+// Its texts stay as long as it does.
+ControlBarDataManager::ItemList ControlBarDataManager::NewList() const {
+  return {{}, {m_texts}};
 }
 
 BtnParams& ControlBarDataManager::AddRow(ItemList& list, const RowTemplate& row) const {
@@ -112,30 +111,31 @@ void ControlBarDataManager::AddDeviceRows(ItemList& list, const RowTemplate& row
   }
 }
 
-BtnParams* ControlBarDataManager::Finish(ItemList& list, int& count) {
-  count = static_cast<int>(list.rows.size());
-  return list.rows.data();
+BtnParams* ControlBarDataManager::Finish(ItemList& kept, ItemList list, int& count) {
+  kept = std::move(list);
+  count = static_cast<int>(kept.rows.size());
+  return kept.rows.data();
 }
 
 // --- The lists
 
 BtnParams* ControlBarDataManager::FormatAudioItems(int& count) {
   const Scope scope(__func__);
-  Begin(m_audioItems);
-  AddRow(m_audioItems, {EventKey::GroupHeader, "Microphone", 10015});
-  AddDeviceRows(m_audioItems, {EventKey::MicrophoneItem, "MicrophoneItem", kNoText}, m_microphones);
-  AddRow(m_audioItems, {EventKey::GroupHeader, "Speaker", 10016});
-  AddDeviceRows(m_audioItems, {EventKey::Speaker, "SpeakerItem", kNoText}, m_speakers);
-  AddRow(m_audioItems, {EventKey::TestSpeakMic, "TestDevice", 10017});
-  return Finish(m_audioItems, count);
+  ItemList list = NewList();
+  AddRow(list, {EventKey::GroupHeader, "Microphone", 10015});
+  AddDeviceRows(list, {EventKey::MicrophoneItem, "MicrophoneItem", kNoText}, m_microphones);
+  AddRow(list, {EventKey::GroupHeader, "Speaker", 10016});
+  AddDeviceRows(list, {EventKey::Speaker, "SpeakerItem", kNoText}, m_speakers);
+  AddRow(list, {EventKey::TestSpeakMic, "TestDevice", 10017});
+  return Finish(m_audioItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatCameraItems(int& count) {
   const Scope scope(__func__);
-  Begin(m_cameraItems);
-  AddRow(m_cameraItems, {EventKey::GroupHeader, "Camera", 10018});
-  AddDeviceRows(m_cameraItems, {EventKey::CameraItem, "CameraItem", kNoText}, m_cameras);
-  return Finish(m_cameraItems, count);
+  ItemList list = NewList();
+  AddRow(list, {EventKey::GroupHeader, "Camera", 10018});
+  AddDeviceRows(list, {EventKey::CameraItem, "CameraItem", kNoText}, m_cameras);
+  return Finish(m_cameraItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatHostControlItems(int& count) {
@@ -157,8 +157,7 @@ BtnParams* ControlBarDataManager::FormatHostControlItems(int& count) {
       {EventKey::MuteAll, "MuteAll", 10032},
       {EventKey::CancelMuteAll, "CancelMuteAll", 10033},
   };
-  ItemList& list = m_hostControlItems;
-  Begin(list);
+  ItemList list = NewList();
   AddRows(list, kMembership);
   AddSharingRows(list);
   AddRows(list, kMicrophones);
@@ -170,7 +169,7 @@ BtnParams* ControlBarDataManager::FormatHostControlItems(int& count) {
     if (row.key == EventKey::MoveNew) row.extraText = move_new->c_str();
   }
   m_shareOption = kShareOptionHostControl;
-  return Finish(list, count);
+  return Finish(m_hostControlItems, std::move(list), count);
 }
 
 void ControlBarDataManager::AddSharingRows(ItemList& list) const {
@@ -186,10 +185,10 @@ void ControlBarDataManager::AddSharingRows(ItemList& list) const {
 
 BtnParams* ControlBarDataManager::FormatSharingPermissionItems(int& count) {
   const Scope scope(__func__);
-  Begin(m_sharingPermissionItems);
-  AddSharingPermissions(m_sharingPermissionItems);
+  ItemList list = NewList();
+  AddSharingPermissions(list);
   m_shareOption = kShareOptionShareNew;
-  return Finish(m_sharingPermissionItems, count);
+  return Finish(m_sharingPermissionItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatSharingOptionItems(int& count) {
@@ -201,11 +200,11 @@ BtnParams* ControlBarDataManager::FormatSharingOptionItems(int& count) {
       {EventKey::KeepMyVideoOnTheScreen, "KeepMyVideoOnTheScreen", 10048, &Data::StatusOf<1087>},
       {EventKey::ShareAudio, "ShareComputerAudio", 10045, &Data::StatusOf<1037>},
   };
-  Begin(m_sharingOptionItems);
-  AddRows(m_sharingOptionItems, kRows);
-  AddSharingPermissions(m_sharingOptionItems);
+  ItemList list = NewList();
+  AddRows(list, kRows);
+  AddSharingPermissions(list);
   m_shareOption = kShareOptionSharingOptions;
-  return Finish(m_sharingOptionItems, count);
+  return Finish(m_sharingOptionItems, std::move(list), count);
 }
 
 void ControlBarDataManager::AddSharingPermissions(ItemList& list) const {
@@ -225,21 +224,20 @@ BtnParams* ControlBarDataManager::FormatMoreItems(int& count) {
       {EventKey::Labs, "Labs", 10036, &Data::StatusOf<1033>},
       {EventKey::Settings, "Settings", 10037, &Data::StatusOf<1090>},
   };
-  Begin(m_moreItems);
-  AddRows(m_moreItems, kRows);
-  return Finish(m_moreItems, count);
+  ItemList list = NewList();
+  AddRows(list, kRows);
+  return Finish(m_moreItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatParticipants(int& count) {
   const Scope scope(__func__);
-  ItemList& list = m_participantItems;
-  Begin(list);
+  ItemList list = NewList();
   const bool controlled = m_remoteController.has_value();
   const char* const text = GetNativeText(controlled ? kControlledText : kNotControlledText);
-  m_controllingText = controlled
-                          ? VELLOMAR_COMMON::FillPlaceholder(text, m_remoteController->display_name)
-                          : std::string(text != nullptr ? text : "");
-  const auto caption = std::make_shared<const std::string>(m_controllingText);
+  std::string controlling_text =
+      controlled ? VELLOMAR_COMMON::FillPlaceholder(text, m_remoteController->display_name)
+                 : std::string(text != nullptr ? text : "");
+  const auto caption = std::make_shared<const std::string>(controlling_text);
   list.owners.push_back(caption);
   AddRow(list, {EventKey::GroupHeader, "ControllingText", kNoText}).text = caption->c_str();
   if (controlled) AddRow(list, {EventKey::StopRemoteControl, "ControlButton", 10068});
@@ -253,7 +251,8 @@ BtnParams* ControlBarDataManager::FormatParticipants(int& count) {
     row.iconPath = participant.avatar_path.c_str();
     row.status = participant.flag ? 0 : kDisabled;
   }
-  return Finish(list, count);
+  m_controllingText = std::move(controlling_text);
+  return Finish(m_participantItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatSketchPenItems(int& count) {
@@ -263,9 +262,9 @@ BtnParams* ControlBarDataManager::FormatSketchPenItems(int& count) {
       {EventKey::SketchPen3, nullptr, 10055}, {EventKey::SketchPen4, nullptr, 10064},
       {EventKey::SketchPen5, nullptr, 10056},
   };
-  Begin(m_sketchPenItems);
-  AddRows(m_sketchPenItems, kRows);
-  return Finish(m_sketchPenItems, count);
+  ItemList list = NewList();
+  AddRows(list, kRows);
+  return Finish(m_sketchPenItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatSketchClearItems(int& count) {
@@ -280,9 +279,9 @@ BtnParams* ControlBarDataManager::FormatSketchClearItems(int& count) {
       {EventKey::SketchClearOthers, nullptr, 10060},
       {EventKey::SketchClearAll, nullptr, 10059},
   };
-  Begin(m_sketchClearItems);
-  AddRows(m_sketchClearItems, kRows);
-  return Finish(m_sketchClearItems, count);
+  ItemList list = NewList();
+  AddRows(list, kRows);
+  return Finish(m_sketchClearItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatInterpretationItems(int& count) {
@@ -296,20 +295,18 @@ BtnParams* ControlBarDataManager::FormatInterpretationItems(int& count) {
       {EventKey::ManageInterpretation, "Manage", 10071, &Data::ManageInterpretationStatus},
       {EventKey::Separator, "icon_right_outlined", kNoText, &Data::ManageInterpretationStatus},
   };
-  ItemList& list = m_interpretationItems;
-  Begin(list);
+  ItemList list = NewList();
   AddRow(list, {EventKey::InterpretationItem, "Interpretation", 10070});
   AddDeviceRows(list, {EventKey::InterpretationItem, "InterpretationItem", kNoText}, m_languages);
   AddRows(list, kRows);
-  return Finish(list, count);
+  return Finish(m_interpretationItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatShareAudioItems(int& count) {
   const Scope scope(__func__);
-  Begin(m_shareAudioItems);
-  AddRow(m_shareAudioItems,
-         {EventKey::ShareAudio, "ShareAudio", 10045, &ControlBarDataManager::StatusOf<1037>});
-  return Finish(m_shareAudioItems, count);
+  ItemList list = NewList();
+  AddRow(list, {EventKey::ShareAudio, "ShareAudio", 10045, &ControlBarDataManager::StatusOf<1037>});
+  return Finish(m_shareAudioItems, std::move(list), count);
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

@@ -2,6 +2,7 @@
 // The state of the meeting as the host last reported it.
 #include <fmt/format.h>
 
+#include <iterator>
 #include <utility>
 
 #include "common/text.h"
@@ -11,6 +12,13 @@ namespace VELLOMAR_CONTROLBAR {
 namespace {
 
 constexpr std::uint64_t kMeetingNumberText = 10069;
+constexpr std::uint64_t kParticipantsText = 10004;
+constexpr std::uint64_t kLeaveText = 10011;
+constexpr std::uint64_t kLeaveRoomText = 10092;
+
+// The leave button keeps pointers to them.
+constexpr char kLeaveRoomIcon[] = "icon_leaveroom_filled.icon";
+constexpr char kCallEndIcon[] = "icon_call_end_filled.icon";
 
 constexpr std::int32_t kOn = VELLOMAR_LORIMEL::kStatusOn;
 constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
@@ -41,8 +49,9 @@ void ControlBarDataManager::UpdateHostInfo(const VellomarHostControlInfo& info) 
 
 void ControlBarDataManager::UpdateAudioItems(DeviceList microphones, DeviceList speakers) {
   const Scope scope(__func__);
-  m_microphones = std::make_shared<const DeviceList>(std::move(microphones));
+  SharedDevices new_microphones = std::make_shared<const DeviceList>(std::move(microphones));
   m_speakers = std::make_shared<const DeviceList>(std::move(speakers));
+  m_microphones = std::move(new_microphones);
 }
 
 void ControlBarDataManager::UpdateCameraItems(DeviceList cameras) {
@@ -101,9 +110,11 @@ const char* ControlBarDataManager::GetParticipantCountString() const {
 
 void ControlBarDataManager::SetMeetingNumber(const std::string& number) {
   const Scope scope(__func__);
+  std::string text = VELLOMAR_COMMON::FillPlaceholder(GetNativeText(kMeetingNumberText), number);
+  std::string label = text;
   m_meetingNumber = number;
-  m_meetingNumberText = VELLOMAR_COMMON::FillPlaceholder(GetNativeText(kMeetingNumberText), number);
-  SetComposedLabel(EventKey::InfoText, m_meetingNumberText);
+  m_meetingNumberText = std::move(text);
+  SetComposedLabel(EventKey::InfoText, std::move(label));
 }
 
 const char* ControlBarDataManager::GetMeetingNumberFormat() const {
@@ -160,30 +171,66 @@ void ControlBarDataManager::UpdateBtnShareNewExpandStatus() {
   m_records[*Index(EventKey::ShareNew)].hasExpand = expand && m_meetingSubType != kSubTypeScreenBox;
 }
 
+bool ControlBarDataManager::LeavesSubRoom() const {
+  const Scope scope(__func__);
+  return IsInSubRoom() && GetHostType() == kHostTypeParticipant;
+}
+
+void ControlBarDataManager::UpdateLeaveButton() {
+  const Scope scope(__func__);
+  // Outside a sub-room only what was changed inside is put back.
+  if (!IsInSubRoom() && m_records[*Index(EventKey::Leave)].iconPath == nullptr) return;
+  const bool leaves_room = LeavesSubRoom();
+  SetButtonIconPath(EventKey::Leave, leaves_room ? kLeaveRoomIcon : kCallEndIcon);
+  SetButtonContent(EventKey::Leave, leaves_room ? kLeaveRoomText : kLeaveText);
+}
+
 void ControlBarDataManager::ClearDataCache() {
   const Scope scope(__func__);
+  ItemList* const lists[] = {
+      &m_audioItems,         &m_cameraItems,         &m_hostControlItems, &m_sharingPermissionItems,
+      &m_sharingOptionItems, &m_moreItems,           &m_participantItems, &m_sketchPenItems,
+      &m_sketchClearItems,   &m_interpretationItems, &m_shareAudioItems};
+  // What may fail comes first.
+  const auto none = std::make_shared<const DeviceList>();
+  std::string title = kDefaultWindowTitle;
+  m_closedLists.reserve(m_closedLists.size() + std::size(lists));
+
+  for (ItemList* list : lists) {
+    if (!list->rows.empty()) m_closedLists.push_back(std::exchange(*list, {}));
+  }
   m_participants.clear();
   m_avatars.clear();
-  m_microphones = std::make_shared<DeviceList>();
-  m_speakers = std::make_shared<DeviceList>();
-  m_cameras = std::make_shared<DeviceList>();
-  m_languages = std::make_shared<DeviceList>();
+  m_questions.clear();
+  m_microphones = m_speakers = m_cameras = m_languages = none;
   m_interpretationFlags = {};
-  m_closedLists.clear();
-  for (ItemList* list :
-       {&m_audioItems, &m_cameraItems, &m_hostControlItems, &m_sharingPermissionItems,
-        &m_sharingOptionItems, &m_moreItems, &m_participantItems, &m_sketchPenItems,
-        &m_sketchClearItems, &m_interpretationItems, &m_shareAudioItems}) {
-    m_closedLists.push_back(std::exchange(*list, {}));
-  }
   m_remoteController.reset();
   m_participantCountText.clear();
   m_controllingText.clear();
-  m_windowTitle = kDefaultWindowTitle;
+  m_windowTitle = std::move(title);
   m_chatMessageCountText.clear();
   m_moveNewText.clear();
   m_subRoomName.clear();
   m_subRoomId.clear();
+  ForgetShownValues();
+}
+
+void ControlBarDataManager::DropClosedLists() {
+  const Scope scope(__func__);
+  m_closedLists.clear();
+}
+
+// A bar that is shown again must not show what was forgotten.
+void ControlBarDataManager::ForgetShownValues() {
+  std::string& count_label = m_slots[*Index(EventKey::Participants)];
+  count_label.clear();  // which leaves it where it is
+  BtnParams& participants = m_records[*Index(EventKey::Participants)];
+  if (participants.text == count_label.c_str())
+    participants.text = GetNativeText(kParticipantsText);
+  m_records[*Index(EventKey::ControlbarSwitch)].status &= ~VELLOMAR_LORIMEL::kStatusUnread;
+  UpdateLeaveButton();
+  SetComposedLabel(EventKey::SubRoomName, {});
+  m_records[*Index(EventKey::SubRoomName)].status |= kHidden;
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

@@ -9,26 +9,29 @@
 
 namespace VELLOMAR_CONTROLBAR {
 
-void ControlBarDataManager::InitTextMapping(std::vector<std::uint64_t> ids,
+bool ControlBarDataManager::InitTextMapping(std::vector<std::uint64_t> ids,
                                             std::vector<std::string> texts) {
   const Scope scope(__func__);
   if (ids.size() != texts.size()) {
     VELLOMAR_LOG::Write(VELLOMAR_LOG::kModule, VELLOMAR_LOG_REFUSED,
                         "[Controlbar] text mapping error!");
-    return;
+    return false;
   }
-  m_resourcePath = VELLOMAR_COMMON::ModuleDirectory() + "res";
-  VELLOMAR_LOG::Info("Init controlbar res path len: {}", m_resourcePath.size());
-
+  std::string resource_path = VELLOMAR_COMMON::ModuleDirectory() + "res";
   auto mapping = std::make_shared<TextMap>();
   for (std::size_t i = 0; i < ids.size(); ++i) {
     mapping->try_emplace(ids[i], std::move(texts[i]));  // of two texts the first stays
   }
+  // From here on nothing can fail.
+  m_resourcePath = std::move(resource_path);
+  VELLOMAR_LOG::Info("Init controlbar res path len: {}", m_resourcePath.size());
   m_previousTexts = std::exchange(m_texts, std::move(mapping));
+  m_previousTestContent = std::exchange(m_testContent, {});
   ResetRecords();
   WriteDefaults();
   UpdateBtnShareNewExpandStatus();
   RegisterForAvatars();
+  return true;
 }
 
 const char* ControlBarDataManager::GetNativeText(std::uint64_t id) const {
@@ -47,6 +50,7 @@ const char* ControlBarDataManager::GetNativeText(std::uint64_t id) const {
 }
 
 void ControlBarDataManager::RegisterForAvatars() {
+  const Scope scope(__func__);
   using VELLOMAR_SERVER_API::VellomarServerApiResponser;
   if (!VellomarServerApiResponser::HasInstance()) return;
   VellomarServerApiResponser::GetInstance()->SetAvatarCallback(

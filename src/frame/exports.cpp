@@ -13,9 +13,11 @@
 #include "frame/notifier.h"
 #include "frame/plugin.h"
 #include "frame/trace_scope.h"
+#include "manager/controlbar_manager.h"
 #include "vellomar/controlbar.h"
 
 using VELLOMAR_CONTROLBAR::AntennaEventLoop;
+using VELLOMAR_CONTROLBAR::ControlbarManager;
 using VELLOMAR_CONTROLBAR::EventTable;
 using VELLOMAR_CONTROLBAR::Notifier;
 using VELLOMAR_CONTROLBAR::Plugin;
@@ -44,6 +46,9 @@ bool ExportedInit(SendRequest* request, Notify* notify, void* host, const EventL
       const TraceScope scope("ExportedInit");
       VellomarServerApiRequester::GetInstance()->SetSendRequest(request);
       VellomarServerApiResponser::GetInstance();
+      if (ControlbarManager::HasInstance()) {
+        ControlbarManager::GetInstance()->Data().RegisterForAvatars();
+      }
       VellomarServerApiSlot::GetInstance();
       Notifier::GetInstance()->SetNotify(notify);
       Plugin::GetInstance()->SetHost(host);
@@ -73,6 +78,7 @@ bool ExportedUninit() {
     const TraceScope scope("ExportedUninit");
     AntennaEventLoop::GetInstance()->Uninit();
     AntennaEventLoop::DestroyInstance();
+    if (ControlbarManager::HasInstance()) ControlbarManager::GetInstance()->ForgetPending();
     Plugin::DestroyInstance();
     Notifier::DestroyInstance();
     VellomarServerApiRequester::DestroyInstance();

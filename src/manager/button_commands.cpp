@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "common/text.h"
 #include "manager/controlbar_manager.h"
@@ -68,8 +69,8 @@ void ControlbarManager::SetInteraction(bool enable, bool is_show) {
   const Scope scope(__func__);
   Info("SetInteraction: enable = {}, isShow = {}", enable, is_show);
   Info("[Controlbar] Set chat enable {}.", enable);
-  Apply(
-      Whole(EventKey::Chat, (is_show ? 0 : kStatusHidden) | (enable ? 0 : kStatusDisabled), 10005));
+  const std::int32_t status = (is_show ? 0 : kStatusHidden) | (enable ? 0 : kStatusDisabled);
+  Apply({EventKey::Chat, status, kStatusHidden | kStatusDisabled, 10005});
 }
 
 void ControlbarManager::SetShareAudioEnable(bool enable) {
@@ -95,12 +96,12 @@ void ControlbarManager::SetParticipantsCount(int count) {
   const Scope scope(__func__);
   Info("SetParticipantsCount:{}", count);
   Info("[Controlbar] Set participants count {}.", count);
-  m_data->SetParticipantCount(static_cast<std::uint32_t>(std::max(count, 0)));
+  const auto shown = static_cast<std::uint32_t>(std::max(count, 0));
   const char* const text = m_data->GetNativeText(10004);
-  m_data->SetComposedLabel(
-      EventKey::Participants,
-      fmt::format("{}{}({})", text != nullptr ? text : "", text != nullptr ? " " : "",
-                  m_data->GetParticipantCountString()));
+  std::string label =
+      fmt::format("{}{}({})", text != nullptr ? text : "", text != nullptr ? " " : "", shown);
+  m_data->SetParticipantCount(shown);
+  m_data->SetComposedLabel(EventKey::Participants, std::move(label));
   UpdateUIElement(EventKey::Participants);
   UpdateUIElement(EventKey::RemoteControl);
 }
@@ -118,10 +119,10 @@ void ControlbarManager::SetLiveStatus(std::int64_t status, std::int64_t count) {
   const Scope scope(__func__);
   Info("[Controlbar] Set live status {},count {}.", status, count);
   const bool live = status != 0;
+  std::string label =
+      VELLOMAR_COMMON::FillPlaceholder(m_data->GetNativeText(10086), fmt::format("{}", count));
   m_data->SetLiveStatus(live);
-  m_data->SetComposedLabel(
-      EventKey::LiveIndicator,
-      VELLOMAR_COMMON::FillPlaceholder(m_data->GetNativeText(10086), fmt::format("{}", count)));
+  m_data->SetComposedLabel(EventKey::LiveIndicator, std::move(label));
   Apply(Bit(EventKey::LiveIndicator, kStatusHidden, !live));
 }
 

@@ -35,9 +35,11 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   bool ShowSharedControlbar(std::int64_t x, std::int64_t y, std::int64_t width,
                             std::int64_t height);
   bool CloseSharedControlbar();
+  // A close that is reported from now on does not create the bar anew.
+  void ForgetPending() { m_recreatePending = false; }
   VellomarRect GetMainWindowPosition();
   void UpdateUIElement(EventKey key);
-  void SetWindowTitle(const std::string& title);
+  void SetWindowTitle(const std::optional<std::string>& title);  // nothing: a null text
   void SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
   void SetTestContentMap(const std::vector<std::uint64_t>& keys, std::vector<std::string> texts);
   void SetItemValue(EventKey key, bool hasExpend, std::string itemName, std::string itemText,
@@ -203,6 +205,8 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   bool IsPaused() const { return m_isSharingPaused || m_isRemoteControlPaused; }
   ButtonChange PauseIndicator() const;
   ButtonChange SharingIndicator() const;
+  void RecreateControlbar();
+  bool IsSketchLoading() const;
   void RefreshLeaveButton();
   void RefreshSubRoom(std::string name, bool inside);
   static void LogDevices(const DeviceList& list);
@@ -219,6 +223,7 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   bool m_key1077Enabled = false;
   VellomarRect displayRect{};
   bool m_recreatePending = false;
+  bool m_isAnnotateHidden = false;  // while the status word is kStatusLoading instead
   std::uint64_t m_meetingDuration = 0;
   bool m_simplify = false;
   bool m_isSharing = false;

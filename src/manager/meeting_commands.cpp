@@ -12,17 +12,6 @@ using VELLOMAR_LORIMEL::kStatusDisabled;
 using VELLOMAR_LORIMEL::kStatusHidden;
 using VELLOMAR_LORIMEL::Lorimel;
 
-namespace {
-
-// The buttons keep pointers to them.
-constexpr char kLeaveRoomIcon[] = "icon_leaveroom_filled.icon";
-constexpr char kCallEndIcon[] = "icon_call_end_filled.icon";
-
-constexpr std::uint64_t kLeaveText = 10011;
-constexpr std::uint64_t kLeaveRoomText = 10092;
-
-}  // namespace
-
 void ControlbarManager::SetHostType(std::int64_t type) {
   const Scope scope(__func__);
   Info("SetHostType type:{}", type);
@@ -32,21 +21,15 @@ void ControlbarManager::SetHostType(std::int64_t type) {
   UpdateInterpreationBtnStatus();
   RefreshShareNew();
   SetRecordStatus(m_data->IsRecording());
+  if (m_data->IsInSubRoom()) {
+    Info(m_data->LeavesSubRoom() ? "sub room host: leave button icon switch"
+                                 : "sub room participant: leave button icon switch");
+  }
   RefreshLeaveButton();
 }
 
 void ControlbarManager::RefreshLeaveButton() {
-  const bool in_sub_room = m_data->IsInSubRoom();
-  const bool leaves_room = in_sub_room && m_data->GetHostType() == kHostTypeParticipant;
-  if (in_sub_room) {
-    Info(leaves_room ? "sub room host: leave button icon switch"
-                     : "sub room participant: leave button icon switch");
-  }
-  // Outside a sub-room only what was changed inside is put back.
-  if (in_sub_room || m_data->GetEventKeyParams(EventKey::Leave)->iconPath != nullptr) {
-    m_data->SetButtonIconPath(EventKey::Leave, leaves_room ? kLeaveRoomIcon : kCallEndIcon);
-    m_data->SetButtonContent(EventKey::Leave, leaves_room ? kLeaveRoomText : kLeaveText);
-  }
+  m_data->UpdateLeaveButton();
   UpdateUIElement(EventKey::Leave);
 }
 
@@ -59,9 +42,9 @@ void ControlbarManager::SwitchSubType(std::int64_t from, std::int64_t to) {
   }
   CloseSketchControlbar();
   // Before the call: the library may report the close while it lasts. With nothing to close there
-  // is nothing to create anew.
-  m_recreatePending = true;
-  if (!Lorimel::GetInstance()->CloseSharedControlbar()) m_recreatePending = false;
+  // is nothing to create anew, unless a close is still to be reported.
+  const bool closing = std::exchange(m_recreatePending, true);
+  if (!Lorimel::GetInstance()->CloseSharedControlbar() && !closing) ForgetPending();
 }
 
 void ControlbarManager::SetMeetingSubType(std::int64_t type) {
@@ -69,8 +52,10 @@ void ControlbarManager::SetMeetingSubType(std::int64_t type) {
   Info("SetMeetingSubType type:{}", type);
   const std::int64_t old = m_data->GetMeetingSubType();
   m_data->SetMeetingSubType(type);
-  m_data->UpdateSubTypeLabels();  // before the switch, which creates the bar anew
-  if (m_handleControlbar != nullptr && type != old) SwitchSubType(old, type);
+  if (type != old) {
+    m_data->UpdateSubTypeLabels();  // before the switch, which creates the bar anew
+    if (m_handleControlbar != nullptr) SwitchSubType(old, type);
+  }
   SetSketchEnable(m_data->GetSketchEnabled());
   SetSketchVisible(m_data->GetSketchVisible());
   UpdateUIElement(EventKey::Participants);
@@ -105,7 +90,8 @@ void ControlbarManager::SetSketchEnable(bool enable) {
   const Scope scope(__func__);
   Info("[Controlbar] Set annotate enable {}.", enable);
   m_data->SetSketchEnabled(enable);
-  Apply(Bit(EventKey::Annotate, kStatusDisabled, !enable));
+  if (!IsSketchLoading()) Change(Bit(EventKey::Annotate, kStatusDisabled, !enable));
+  UpdateUIElement(EventKey::Annotate);
 }
 
 void ControlbarManager::SetSketchVisible(bool visible) {
@@ -114,7 +100,9 @@ void ControlbarManager::SetSketchVisible(bool visible) {
   m_data->SetSketchVisible(visible);
   const bool screen_box = m_data->GetMeetingSubType() == kSubTypeScreenBox;
   if (screen_box) Info("meeting sub type is SCREEN_BOX. sketch button is invalid.");
-  Apply(Bit(EventKey::Annotate, kStatusHidden, screen_box || !visible));
+  m_isAnnotateHidden = screen_box || !visible;
+  if (!IsSketchLoading()) Change(Bit(EventKey::Annotate, kStatusHidden, m_isAnnotateHidden));
+  UpdateUIElement(EventKey::Annotate);
 }
 
 void ControlbarManager::SetInterpretationEnable(bool enable) {
@@ -126,16 +114,16 @@ void ControlbarManager::SetInterpretationEnable(bool enable) {
 
 void ControlbarManager::UpdateInterpreationBtnStatus() {
   const Scope scope(__func__);
-  std::int32_t status = 0;
+  bool hidden = false;
   if (m_data->GetInterpretationEnable()) {
     Info("GetInterpretationEnable Show Interpreation");
   } else if (m_data->GetHostType() == kHostTypeHost) {
     Info("Show Host Interpreation");
   } else {
     Info("Hide Interpreation");
-    status = kStatusHidden;
+    hidden = true;
   }
-  Apply(Whole(EventKey::Interpretation, status));
+  Apply(Bit(EventKey::Interpretation, kStatusHidden, hidden));
 }
 
 void ControlbarManager::SetShareAccess(std::int64_t onlyHost, std::int64_t onlyHostCanStartAnyTime,
@@ -166,7 +154,6 @@ void ControlbarManager::SetUnderControl(std::int64_t status, std::string user_id
   const bool under_control = status != 0;
   m_data->SetRemoteControler(under_control, std::move(user_id), std::move(display_name));
   if (!under_control) m_isRemoteControlPaused = false;
-  m_data->SetComposedLabel(EventKey::StopRemoteControl, m_data->GetRemoteControllerTextFormat());
   Apply(Bit(EventKey::StopRemoteControl, kStatusHidden, !under_control));
   Apply(PauseIndicator());
   UpdateUIElement(EventKey::InfoText);
@@ -191,6 +178,7 @@ ControlbarManager::ButtonChange ControlbarManager::SharingIndicator() const {
 
 void ControlbarManager::SetAudioAndPlaybackInfo(DeviceList microphones, DeviceList speakers) {
   const Scope scope(__func__);
+  // The line comes twice: there are two lists, the microphones and the speakers.
   Info("[Controlbar] Start set audio info. Device count: {}, currentAudioDeviceId = {}",
        microphones.devices.size(), microphones.current_id);
   LogDevices(microphones);

@@ -73,11 +73,22 @@ void ControlbarManager::SetSketchbarBtnEnable(EventKey key, bool enable) {
   Push(*params);
 }
 
+bool ControlbarManager::IsSketchLoading() const {
+  return m_data->GetEventKeyStatus(EventKey::Annotate) == VELLOMAR_LORIMEL::kStatusLoading;
+}
+
 void ControlbarManager::SetSketcheLoading(bool loading) {
   const Scope scope(__func__);
   BtnParams* const params = Record(EventKey::Annotate);
   if (params == nullptr) return;
-  params->status = loading ? VELLOMAR_LORIMEL::kStatusLoading : 0;
+  constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
+  if (!IsSketchLoading()) m_isAnnotateHidden = (params->status & kHidden) != 0;
+  const bool hidden = m_isAnnotateHidden || m_data->GetMeetingSubType() == kSubTypeScreenBox;
+  if (loading) {
+    params->status = VELLOMAR_LORIMEL::kStatusLoading;
+  } else {
+    params->status = hidden ? kHidden : 0;
+  }
   Push(*params);
   Info("[Controlbar] Set sketch loading {}.", loading);
 }

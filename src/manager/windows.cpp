@@ -3,6 +3,7 @@
 // that go to it.
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <utility>
 
 #include "frame/guard.h"
@@ -90,6 +91,13 @@ constexpr WindowRows kWindows[] = {
     {EventKey::MeetingIdExpand, &ControlBarDataManager::FormatShareAudioItems},
 };
 
+// A key that is given with 64 bits and needs more than 32 is as unknown as the last one.
+EventKey WholeKey(std::uint64_t slot) {
+  const auto key = static_cast<std::int64_t>(slot);
+  return std::in_range<std::int32_t>(key) ? static_cast<EventKey>(key)
+                                          : static_cast<EventKey>(INT32_MAX);
+}
+
 }  // namespace
 
 ControlbarManager::ControlbarManager() : m_data(std::make_unique<ControlBarDataManager>()) {}
@@ -104,6 +112,7 @@ bool ControlbarManager::ShowSharedControlbar(std::int64_t x, std::int64_t y, std
                                              std::int64_t height) {
   const Scope scope(__func__);
   InitEventCallback();
+  m_data->DropClosedLists();
   int count = 0;
   BtnParams* const params = m_data->GetAllParams(&count);
   const std::string title = m_data->GetWindowTitle();
@@ -130,6 +139,7 @@ bool ControlbarManager::ShowSharedControlbar(std::int64_t x, std::int64_t y, std
 
 bool ControlbarManager::CloseSharedControlbar() {
   const Scope scope(__func__);
+  ForgetPending();
   m_data->ClearDataCache();
   return Lorimel::GetInstance()->CloseSharedControlbar();
 }
@@ -146,6 +156,7 @@ void ControlbarManager::OnControlbarCreated(void* handle, bool isMain, std::uint
     return;
   }
   m_handleControlbar = handle;
+  ForgetPending();  // here is the bar, whoever asked for it
   const std::uint64_t native = Lorimel::GetInstance()->GetWidgetNativeHandle(m_handleControlbar);
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarCreated>(native, position);
   VELLOMAR_LOG::Info("[Controlbar] main controlbar Created,position: {},{},{},{}.", x, y, width,
@@ -159,13 +170,30 @@ void ControlbarManager::OnControlbarClosed(void* handle) {
     VELLOMAR_LOG::Fault("OnControlbarCreated handle is not controlbar");
     return;
   }
-  if (m_recreatePending) {
-    ShowSharedControlbar(displayRect.x, displayRect.y, displayRect.width, displayRect.height);
-    SetMeetingNumber(m_data->GetMeetingNumber());
-    m_recreatePending = false;
-    return;
+  m_data->DropClosedLists();
+  // Before the bar is created: the host may close it as soon as it is told of it.
+  if (std::exchange(m_recreatePending, false)) {
+    RecreateControlbar();
+  } else {
+    Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarClosed>();
   }
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarClosed>();
+}
+
+void ControlbarManager::RecreateControlbar() {
+  void* const closed = std::exchange(m_handleControlbar, nullptr);
+  const bool shown =
+      ShowSharedControlbar(displayRect.x, displayRect.y, displayRect.width, displayRect.height);
+  const bool created = m_handleControlbar != nullptr;
+  if (!created) m_handleControlbar = closed;  // the last one is kept
+  SetMeetingNumber(m_data->GetMeetingNumber());
+  if (shown) return;
+  // The host must not believe that there is a bar. One that is there and cannot be shown is closed,
+  // and the host told when that is reported; one that the host has closed is not there.
+  if (created) {
+    Lorimel::GetInstance()->CloseSharedControlbar();
+  } else {
+    Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_controlbarClosed>();
+  }
 }
 
 BtnParams* ControlbarManager::OnGetWindowInfo(EventKey key, int& count) {
@@ -231,19 +259,18 @@ void ControlbarManager::UpdateUIElement(EventKey key) {
     VELLOMAR_LOG::Fault("params is nullptr!");
     return;
   }
-  params->key = key;  // a record that nothing has filled yet has none
   Push(*params);
 }
 
-void ControlbarManager::SetWindowTitle(const std::string& title) {
+void ControlbarManager::SetWindowTitle(const std::optional<std::string>& title) {
   const Scope scope(__func__);
-  m_data->SetWindowTitle(title.c_str());
+  m_data->SetWindowTitle(title ? title->c_str() : nullptr);
 }
 
 void ControlbarManager::SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts) {
   const Scope scope(__func__);
-  m_data->InitTextMapping(std::move(ids), std::move(texts));
-  if (m_handleControlbar == nullptr) return;
+  const bool taken = m_data->InitTextMapping(std::move(ids), std::move(texts));
+  if (!taken || m_handleControlbar == nullptr) return;
   int count = 0;
   BtnParams* const params = m_data->GetAllParams(&count);
   std::for_each(params, params + count, [this](BtnParams& record) { Push(record); });
@@ -257,13 +284,17 @@ void ControlbarManager::SetTestContentMap(const std::vector<std::uint64_t>& keys
                         "[Controlbar] text mapping error!");
     return;
   }
+  std::map<EventKey, std::string> content;
+  std::vector<BtnParams*> records;
   for (std::size_t i = 0; i < keys.size(); ++i) {
-    const auto key = static_cast<EventKey>(static_cast<std::int32_t>(keys[i]));
+    const EventKey key = WholeKey(keys[i]);
     BtnParams* const params = Record(key);
-    if (params == nullptr) continue;
-    m_data->SetTestContent(key, std::move(texts[i]));
-    Push(*params);
+    if (params == nullptr || !m_data->IsShown(*params)) continue;
+    content.insert_or_assign(key, std::move(texts[i]));
+    records.push_back(params);
   }
+  m_data->SetTestContent(std::move(content));
+  for (BtnParams* const params : records) Push(*params);
 }
 
 void ControlbarManager::SetItemValue(EventKey key, bool hasExpend, std::string itemName,

@@ -46,8 +46,10 @@ void BarTest::OnRequest(const char* sender, std::uint32_t low, std::uint32_t hig
   EXPECT_EQ(high, 0u);
   auto& request = *static_cast<VellomarParticipantRequest*>(record);
   EXPECT_EQ(request.answer, 0);
-  current_->requests.emplace_back(request.userId);
-  request.answer = current_->answers[request.userId];
+  const std::string user_id = request.userId;
+  current_->requests.push_back(user_id);
+  if (current_->in_request) current_->in_request(user_id);
+  request.answer = current_->answers[user_id];
 }
 
 BarTest::Json BarTest::Send(const std::string& command, const Json& arguments) {
@@ -76,6 +78,23 @@ void BarTest::InstallTexts(const std::map<std::uint64_t, std::string>& texts) {
 bool BarTest::ShowBar() {
   const Json display = {{"x", 0}, {"y", 0}, {"width", 1920}, {"height", 1080}};
   return Send("showSharedControlbar", {{"display", display}}).at("result").get<bool>();
+}
+
+BarTest::Json BarTest::Person(const std::string& id, const Json& changes) {
+  Json person = {{"userId", id},
+                 {"instanceId", "-"},
+                 {"number", 1},
+                 {"displayName", "Name " + id},
+                 {"room", ""},
+                 {"avatarKey", "key " + id},
+                 {"avatarPath", "path " + id},
+                 {"flag", true}};
+  person.update(changes);
+  return person;
+}
+
+void BarTest::UpdateParticipants(const std::vector<Json>& people) {
+  Send("updateParticipants", {{"participants", people}});
 }
 
 void BarTest::Fire(BtnParams params) {

@@ -18,6 +18,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "headless.h"
@@ -39,6 +40,10 @@ class BarTest : public testing::Test {
   // A text for every id in use: its number, or what `texts` says.
   void InstallTexts(const std::map<std::uint64_t, std::string>& texts = {});
   bool ShowBar();
+
+  // A participant for UpdateParticipants, whose key is the id and "-1".
+  static Json Person(const std::string& id, const Json& changes = Json::object());
+  void UpdateParticipants(const std::vector<Json>& people);
 
   // Reports a record as the widget library does when the user acts.
   void Fire(BtnParams params);
@@ -73,8 +78,9 @@ class BarTest : public testing::Test {
   // Answers to the participant request by user id; 0 for others.
   std::map<std::string, std::int64_t> answers;
   std::vector<std::string> requests;  // user ids, in order
-  // What the host does inside the next notification of a name.
+  // What the host does inside the next notification of a name, and inside a participant request.
   std::map<std::string, std::function<void()>> inside;
+  std::function<void(const std::string& user_id)> in_request;
 
  private:
   static void OnNotify(const char* sender, std::uint32_t low, std::uint32_t high, void* payload);
