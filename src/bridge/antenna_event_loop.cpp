@@ -160,12 +160,11 @@ void AntennaEventLoop::RunOnce(void* context) {
   }
   InFlight::MarkDone(g_posting, task);
   if (AbandonedTasks::HasInstance()) AbandonedTasks::GetInstance()->Release(task);
-  delete task;
   TaskMap& map = GetInstance()->*route;
-  const auto found = std::find_if(map.begin(), map.end(), [context](const auto& entry) {
-    return entry.second == context;  // compares addresses only
-  });
+  const auto found = std::find_if(map.begin(), map.end(),
+                                  [task](const auto& entry) { return entry.second == task; });
   if (found != map.end()) map.erase(found);
+  delete task;
 }
 
 void AntennaEventLoop::Cancel(TaskMap& route, void (*slot)(std::uint64_t), Id id) {
