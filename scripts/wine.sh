@@ -26,7 +26,9 @@ esac
 build=$(cd "$started_in" && realpath "$1")
 shift
 state=$build/wine  # what belongs to Wine in the build folder
-wine_root=${XDG_CACHE_HOME:-$HOME/.cache}/vellomar-controlbar/wine-bookworm-i386
+suite=$(debian_suite)
+wine_root=$cache/wine-$suite-i386
+chosen=$state/chosen-$suite
 
 export WINEPREFIX=$state/prefix
 export WINEDEBUG=${WINEDEBUG:--all}
@@ -58,21 +60,12 @@ with_wine() {
   if [ "$wine" = system ]; then "$@"; else in_root "$@"; fi
 }
 
-# Debian's mirror as apt knows it.
-mirror() {
-  apt-get indextargets --format '$(REPO_URI)' 'Origin: Debian' 'Component: main' \
-    'Created-By: Packages' | grep -v security | head -n 1
-}
-
 make_root() {
-  local proxy
   need_packages wine
-  proxy=$(apt-config dump --format '%v' Acquire::http::Proxy)
   step "making a root for 32-bit Wine: $wine_root"
   mkdir -p "$(dirname "$wine_root")"
   as_root rm -rf "$wine_root.partial"
-  logged wine-root as_root ${proxy:+http_proxy="$proxy"} debootstrap --arch=i386 --variant=minbase \
-    --include=wine32,wine bookworm "$wine_root.partial" "$(mirror)"
+  logged wine-root bare_debian "$suite" "$wine_root.partial" --arch=i386 --include=wine32,wine
   as_root rm -rf "$wine_root.partial/var/cache/apt/archives" "$wine_root.partial/var/lib/apt/lists"
   as_root mv "$wine_root.partial" "$wine_root"
 }
@@ -90,7 +83,7 @@ make_prefix() {
 # descriptor 9, which Wine's server must not keep.
 prepare() {
   flock 9
-  if [ -s "$state/chosen" ]; then return; fi
+  if [ -s "$chosen" ]; then return; fi
   step "preparing Wine in $state"
   wine=system
   if ! command -v wine >/dev/null || ! make_prefix >"$state/wineboot.log" 2>&1 9>&-; then
@@ -99,12 +92,12 @@ prepare() {
     need_packages wine
     logged wineboot make_prefix 9>&-
   fi
-  echo "$wine" >"$state/chosen"
+  echo "$wine" >"$chosen"
 }
 
 mkdir -p "$state/tmp"
-[ -s "$state/chosen" ] || prepare 9>"$state/lock"
-wine=$(<"$state/chosen")
+[ -s "$chosen" ] || prepare 9>"$state/lock"
+wine=$(<"$chosen")
 # The server and the services stay for the next program, and without the caller's output: whoever
 # reads that through a pipe, as ctest does, would wait for them.
 run='if wineserver --persistent=300; then wine cmd.exe /c exit; fi </dev/null >/dev/null 2>&1
