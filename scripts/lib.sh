@@ -112,16 +112,20 @@ bare_debian() {
     "$(mirror)"
 }
 
-# configure PRESET
+# configure PRESET [ARGUMENT...]
 configure() {
-  step "configuring $1"
-  logged "configure-$1" cmake --preset "$1"
+  local preset=$1
+  shift
+  step "configuring $preset"
+  logged "configure-$preset" cmake --preset "$preset" "$@"
 }
 
-# build PRESET [TARGET...]: all targets where none is named.
+# build PRESET [TARGET...]: all targets where none is named. Says if there were warnings.
 build() {
-  local preset=$1
+  local preset=$1 warnings
   shift
   step "building $preset"
   logged "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+  warnings=$(grep -c 'warning: ' "build/logs/build-$preset.log" || true)
+  [ "$warnings" -eq 0 ] || step "$warnings warnings, in build/logs/build-$preset.log"
 }
