@@ -61,7 +61,7 @@ make_root() {
   cat >"$folder/etc/apt/sources.list" <<END
 deb $mirror $suite main
 deb $mirror $suite-updates main
-deb ${mirror%/*}/debian-security $suite-security main
+deb $(mirror security) $suite-security main
 END
   if [ -n "$proxy" ]; then
     echo "Acquire::http::Proxy \"$proxy\";" >"$folder/etc/apt/apt.conf.d/90proxy"

@@ -85,12 +85,14 @@ need_packages() {
 # Where this project's scripts keep what takes long to make.
 cache=${XDG_CACHE_HOME:-${HOME:-/root}/.cache}/vellomar-controlbar
 
-# Debian's mirror as apt knows it, or the one for everybody.
+# mirror [security]: where apt gets Debian from, or where everybody can.
 mirror() {
-  local known
-  known=$(apt-get indextargets --format '$(REPO_URI)' 'Origin: Debian' 'Component: main' \
-    'Created-By: Packages' | grep -v security | head -n 1)
-  printf '%s\n' "${known:-http://deb.debian.org/debian}"
+  local label=Debian folder=debian known
+  if [ "${1:-}" = security ]; then label=Debian-Security folder=debian-security; fi
+  known=$(apt-get indextargets --format '$(REPO_URI)' 'Origin: Debian' "Label: $label" \
+    'Component: main' 'Created-By: Packages' | head -n 1)
+  known=${known:-http://deb.debian.org/$folder}
+  printf '%s\n' "${known%/}"
 }
 
 # The proxy that apt goes through, if any.
