@@ -36,13 +36,14 @@ export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'  # none of our p
 export WINEPATH=${WINEPATH-"Z:${build//\//\\}\\bin"}              # where the libraries are found
 unset DISPLAY WAYLAND_DISPLAY
 
-# The folders of the root as they are, then what the program needs of this machine. The temporary
-# folder is shared by all programs of the build folder: there they find Wine's server.
+# The folders of the root that hold programs, then what the program needs of this machine: the project
+# may lie in any other, /root or /home or /var. The temporary folder is shared by all programs of the
+# build folder: there they find Wine's server.
 in_root() {
   local entry folder=$build
   local -a mounts=()
   for entry in "$wine_root"/*; do
-    case ${entry##*/} in proc | dev | sys | tmp | run) continue ;; esac
+    case ${entry##*/} in bin | etc | lib* | sbin | usr) ;; *) continue ;; esac
     if [ -L "$entry" ]; then
       mounts+=(--symlink "$(readlink "$entry")" "/${entry##*/}")
     else
