@@ -53,7 +53,7 @@ in_root() {
   case $started_in/ in "$root"/* | "$build"/*) folder=$started_in ;; esac
   bwrap "${mounts[@]}" --proc /proc --dev /dev --bind "$state/tmp" /tmp --ro-bind "$root" "$root" \
     --bind "$build" "$build" --chdir "$folder" --setenv HOME /tmp \
-    --setenv XDG_CACHE_HOME /tmp --die-with-parent "$@"
+    --setenv XDG_CACHE_HOME /tmp --setenv FONTCONFIG_FILE "$state/fonts.conf" --die-with-parent "$@"
 }
 
 # with_wine COMMAND...: with the Wine of the system, or with ours.
@@ -86,6 +86,10 @@ prepare() {
   flock 9
   if [ -s "$chosen" ]; then return; fi
   step "preparing Wine in $state"
+  # Debian's own has relative names, and asks for the working folder to complete them. A program that
+  # finds Wine's server at work got that folder from another root, where it has no name.
+  echo '<fontconfig><dir>/usr/share/fonts</dir><cachedir>/tmp/fonts</cachedir></fontconfig>' \
+    >"$state/fonts.conf"
   wine=system
   if ! command -v wine >/dev/null || ! make_prefix >"$state/wineboot.log" 2>&1 9>&-; then
     wine=own
