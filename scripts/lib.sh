@@ -96,7 +96,11 @@ mirror() {
 }
 
 # The proxy that apt goes through, if any.
-apt_proxy() { apt-config dump --format '%v' Acquire::http::Proxy; }
+apt_proxy() {
+  local proxy
+  proxy=$(apt-config dump --format '%v' Acquire::http::Proxy)
+  printf '%s\n' "${proxy:-${http_proxy:-}}"
+}
 
 # The suite of this Debian; the stable one where this is a relative of Debian's.
 debian_suite() (
