@@ -48,6 +48,7 @@ shift
 commands=('./run' './test')
 if [ $# -gt 0 ]; then commands=("$*"); fi
 clone=/root/vellomar-controlbar  # as seen from inside
+made=root/.debian-$version        # there when the root is whole
 
 # Debian as an installer leaves it: the suite with its updates, and the proxy of this machine.
 make_root() {
@@ -112,9 +113,11 @@ run_inside() {
 inside() {
   local number=0 line
   mkdir -p build/logs ${shared:+"$shared_folder/packages" "$shared_folder/home"}
-  if [ ! -s "$folder/etc/debian_version" ]; then
+  if [ ! -e "$folder/$made" ]; then
+    [ -z "$(ls -A "$folder")" ] || fail "$folder is neither empty nor a Debian $version of this script"
     step "making Debian $version ($suite) in $folder"
     make_root
+    touch "$folder/$made"
   fi
   clone_checkout
   mount_system
@@ -137,7 +140,7 @@ if [ -n "$(git status --porcelain)" ]; then
   step 'what is not committed is not tested:'
   git status --short
 fi
-mkdir -p "$cache"
+mkdir -p "$cache" ${folder:+"$folder"}
 removed=
 if [ -z "$folder" ]; then
   folder=$(mktemp -d "$cache/debian-$version.XXXXXX")
