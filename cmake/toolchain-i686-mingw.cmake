@@ -1,10 +1,12 @@
-# The product's target: 32-bit Windows, with Debian's MinGW-w64 (the variant with POSIX threads, for
-# std::mutex and std::thread).
+# The product's target: 32-bit Windows, with MinGW-w64 (the variant with POSIX threads, for std::mutex
+# and std::thread; Debian has two and says so in the name).
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86)
 
-set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
+find_program(VELLOMAR_MINGW_CXX NAMES i686-w64-mingw32-g++-posix i686-w64-mingw32-g++ REQUIRED)
+string(REGEX REPLACE "g\\+\\+([^/]*)$" "gcc\\1" VELLOMAR_MINGW_C "${VELLOMAR_MINGW_CXX}")
+set(CMAKE_C_COMPILER "${VELLOMAR_MINGW_C}")
+set(CMAKE_CXX_COMPILER "${VELLOMAR_MINGW_CXX}")
 set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
 set(CMAKE_DLLTOOL i686-w64-mingw32-dlltool)
 

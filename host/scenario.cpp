@@ -38,6 +38,10 @@ class Reader {
 
  private:
   json ParseJson() {
+    if (text_.find_first_not_of(" \t\r\n") == std::string::npos) {
+      Fault(1, "the file is empty");
+      throw HostError(Report());
+    }
     try {
       return json::parse(text_);
     } catch (const json::parse_error& error) {

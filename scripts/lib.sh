@@ -41,15 +41,23 @@ as_root() {
   fi
 }
 
+# wanted PURPOSES PURPOSE...: whether a package for these purposes is needed for those.
+wanted() {
+  local purpose
+  [ -n "$1" ] || return 0
+  for purpose in "${@:2}"; do
+    if [[ " $1 " == *" $purpose "* ]]; then return 0; fi
+  done
+  return 1
+}
+
 # missing_packages PURPOSE...: those of scripts/packages.txt that are not installed. A package
 # without a purpose is always wanted.
 missing_packages() {
-  local package purpose
-  while read -r package purpose; do
+  local package purposes
+  while read -r package purposes; do
     case $package in '' | '#'*) continue ;; esac
-    if [ -n "$purpose" ] && [[ " $* " != *" $purpose "* ]]; then
-      continue
-    fi
+    wanted "$purposes" "$@" || continue
     if [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
       printf '%s ' "$package"
     fi
@@ -74,16 +82,56 @@ need_packages() {
   logged apt-install as_root apt-get install --yes --no-install-recommends "${missing[@]}"
 }
 
-# configure PRESET
-configure() {
-  step "configuring $1"
-  logged "configure-$1" cmake --preset "$1"
+# Where this project's scripts keep what takes long to make.
+cache=${XDG_CACHE_HOME:-${HOME:-/root}/.cache}/vellomar-controlbar
+
+# mirror [security]: where apt gets Debian from, or where everybody can.
+mirror() {
+  local label=Debian folder=debian known
+  if [ "${1:-}" = security ]; then label=Debian-Security folder=debian-security; fi
+  known=$(apt-get indextargets --format '$(REPO_URI)' 'Origin: Debian' "Label: $label" \
+    'Component: main' 'Created-By: Packages' | head -n 1)
+  known=${known:-http://deb.debian.org/$folder}
+  printf '%s\n' "${known%/}"
 }
 
-# build PRESET [TARGET...]: all targets where none is named.
-build() {
+# The proxy that apt goes through, if any.
+apt_proxy() {
+  local proxy
+  proxy=$(apt-config dump --format '%v' Acquire::http::Proxy)
+  printf '%s\n' "${proxy:-${http_proxy:-}}"
+}
+
+# The suite of this Debian; the stable one where this is a relative of Debian's.
+debian_suite() (
+  ID='' VERSION_CODENAME=''
+  if [ -r /etc/os-release ]; then source /etc/os-release; fi
+  if [ "$ID" = debian ]; then echo "${VERSION_CODENAME:-unstable}"; else echo stable; fi
+)
+
+# bare_debian SUITE FOLDER OPTION...: the smallest Debian of that suite, by debootstrap.
+bare_debian() {
+  local suite=$1 folder=$2 proxy
+  shift 2
+  proxy=$(apt_proxy)
+  as_root ${proxy:+http_proxy="$proxy"} debootstrap --variant=minbase "$@" "$suite" "$folder" \
+    "$(mirror)"
+}
+
+# configure PRESET [ARGUMENT...]
+configure() {
   local preset=$1
+  shift
+  step "configuring $preset"
+  logged "configure-$preset" cmake --preset "$preset" "$@"
+}
+
+# build PRESET [TARGET...]: all targets where none is named. Says if there were warnings.
+build() {
+  local preset=$1 warnings
   shift
   step "building $preset"
   logged "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
+  warnings=$(grep -c 'warning: ' "build/logs/build-$preset.log" || true)
+  [ "$warnings" -eq 0 ] || step "$warnings warnings, in build/logs/build-$preset.log"
 }

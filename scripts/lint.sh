@@ -9,7 +9,9 @@ case ${1:-} in
 
 Checks the C and C++ files of the repository, or those named, with clang-format and clang-tidy and
 says which are not clean. Uses the compile commands of the presets linux and, for Windows sources,
-windows.'
+windows.
+
+What counts is what the tools of Debian 12 say (version 14); of others, findings are only shown.'
     exit
     ;;
 esac
@@ -57,5 +59,10 @@ step "clang-tidy: ${#linux_sources[@]} files for Linux, ${#windows_sources[@]} f
 tidy build/lint/linux linux_sources || failed+=(clang-tidy)
 tidy build/lint/windows windows_sources --extra-arg=-isystem"$mingw/c++" \
   --extra-arg=-isystem"$mingw/c++/i686-w64-mingw32" || failed+=('clang-tidy for Windows')
-[ ${#failed[@]} -eq 0 ] || fail "not clean: ${failed[*]}"
-step 'clean'
+if [ ${#failed[@]} -eq 0 ]; then
+  step 'clean'
+elif [[ "$(clang-format --version)" == *' version 14.'* ]]; then
+  fail "not clean: ${failed[*]}"
+else
+  step "not clean, but not by version 14: ${failed[*]}"
+fi

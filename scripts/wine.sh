@@ -26,7 +26,9 @@ esac
 build=$(cd "$started_in" && realpath "$1")
 shift
 state=$build/wine  # what belongs to Wine in the build folder
-wine_root=${XDG_CACHE_HOME:-$HOME/.cache}/vellomar-controlbar/wine-bookworm-i386
+suite=$(debian_suite)
+wine_root=$cache/wine-$suite-i386
+chosen=$state/chosen-$suite
 
 export WINEPREFIX=$state/prefix
 export WINEDEBUG=${WINEDEBUG:--all}
@@ -34,13 +36,14 @@ export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'  # none of our p
 export WINEPATH=${WINEPATH-"Z:${build//\//\\}\\bin"}              # where the libraries are found
 unset DISPLAY WAYLAND_DISPLAY
 
-# The folders of the root as they are, then what the program needs of this machine. The temporary
-# folder is shared by all programs of the build folder: there they find Wine's server.
+# The folders of the root that hold programs, then what the program needs of this machine: the project
+# may lie in any other, /root or /home or /var. The temporary folder is shared by all programs of the
+# build folder: there they find Wine's server.
 in_root() {
   local entry folder=$build
   local -a mounts=()
   for entry in "$wine_root"/*; do
-    case ${entry##*/} in proc | dev | sys | tmp | run) continue ;; esac
+    case ${entry##*/} in bin | etc | lib* | sbin | usr) ;; *) continue ;; esac
     if [ -L "$entry" ]; then
       mounts+=(--symlink "$(readlink "$entry")" "/${entry##*/}")
     else
@@ -50,7 +53,7 @@ in_root() {
   case $started_in/ in "$root"/* | "$build"/*) folder=$started_in ;; esac
   bwrap "${mounts[@]}" --proc /proc --dev /dev --bind "$state/tmp" /tmp --ro-bind "$root" "$root" \
     --bind "$build" "$build" --chdir "$folder" --setenv HOME /tmp \
-    --setenv XDG_CACHE_HOME /tmp --die-with-parent "$@"
+    --setenv XDG_CACHE_HOME /tmp --setenv FONTCONFIG_FILE "$state/fonts.conf" --die-with-parent "$@"
 }
 
 # with_wine COMMAND...: with the Wine of the system, or with ours.
@@ -58,21 +61,12 @@ with_wine() {
   if [ "$wine" = system ]; then "$@"; else in_root "$@"; fi
 }
 
-# Debian's mirror as apt knows it.
-mirror() {
-  apt-get indextargets --format '$(REPO_URI)' 'Origin: Debian' 'Component: main' \
-    'Created-By: Packages' | grep -v security | head -n 1
-}
-
 make_root() {
-  local proxy
   need_packages wine
-  proxy=$(apt-config dump --format '%v' Acquire::http::Proxy)
   step "making a root for 32-bit Wine: $wine_root"
   mkdir -p "$(dirname "$wine_root")"
   as_root rm -rf "$wine_root.partial"
-  logged wine-root as_root ${proxy:+http_proxy="$proxy"} debootstrap --arch=i386 --variant=minbase \
-    --include=wine32,wine bookworm "$wine_root.partial" "$(mirror)"
+  logged wine-root bare_debian "$suite" "$wine_root.partial" --arch=i386 --include=wine32,wine
   as_root rm -rf "$wine_root.partial/var/cache/apt/archives" "$wine_root.partial/var/lib/apt/lists"
   as_root mv "$wine_root.partial" "$wine_root"
 }
@@ -90,8 +84,12 @@ make_prefix() {
 # descriptor 9, which Wine's server must not keep.
 prepare() {
   flock 9
-  if [ -s "$state/chosen" ]; then return; fi
+  if [ -s "$chosen" ]; then return; fi
   step "preparing Wine in $state"
+  # Debian's own has relative names, and asks for the working folder to complete them. A program that
+  # finds Wine's server at work got that folder from another root, where it has no name.
+  echo '<fontconfig><dir>/usr/share/fonts</dir><cachedir>/tmp/fonts</cachedir></fontconfig>' \
+    >"$state/fonts.conf"
   wine=system
   if ! command -v wine >/dev/null || ! make_prefix >"$state/wineboot.log" 2>&1 9>&-; then
     wine=own
@@ -99,12 +97,12 @@ prepare() {
     need_packages wine
     logged wineboot make_prefix 9>&-
   fi
-  echo "$wine" >"$state/chosen"
+  echo "$wine" >"$chosen"
 }
 
 mkdir -p "$state/tmp"
-[ -s "$state/chosen" ] || prepare 9>"$state/lock"
-wine=$(<"$state/chosen")
+[ -s "$chosen" ] || prepare 9>"$state/lock"
+wine=$(<"$chosen")
 # The server and the services stay for the next program, and without the caller's output: whoever
 # reads that through a pipe, as ctest does, would wait for them.
 run='if wineserver --persistent=300; then wine cmd.exe /c exit; fi </dev/null >/dev/null 2>&1

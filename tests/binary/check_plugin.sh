@@ -38,9 +38,11 @@ headers=$("$objdump" -p "$plugin")
 # The names that stand in the table, in its order: the system searches it by halves.
 windows() {
   local names imports libraries
-  names=$(sed -n '/^\[Ordinal\/Name Pointer\]/,/^$/s/^\t\[ *[0-9]*\] //p' <<<"$headers")
+  # Newer binutils print the ordinal before a name, too.
+  names=$(sed -nE '/^\[Ordinal\/Name Pointer\]/,/^$/s/^\t\[ *[0-9]+\] (\+base\[ *[0-9]+\] +[0-9a-f]+ )?//p' \
+    <<<"$headers")
   libraries=$(sed -n 's/^\tDLL Name: //p' <<<"$headers")
-  imports=$(sed -n '/DLL Name: vellomar-lorimel.dll/,/^$/s/^\t[0-9a-f]*\t *[0-9]*  //p' <<<"$headers")
+  imports=$(sed -nE '/DLL Name: vellomar-lorimel.dll/,/^$/s/^\t[0-9a-f]+[\t ].*  //p' <<<"$headers")
 
   check 'is a 32-bit library' has "$headers" 'file format pei-i386'
   check 'exports the eight names, undecorated, and nothing else' same "$exports" "$names"

@@ -100,7 +100,7 @@ TEST_F(TraceFileTest, ThePluginsScopesOfAWholeScenario) {
       if (open.back() == "setHostType") path = open;
     } else if (event["ph"] == "E") {
       ASSERT_FALSE(open.empty());
-      EXPECT_EQ(open.back(), event["name"]);
+      EXPECT_EQ(open.back(), event["name"].get<std::string>());
       open.pop_back();
     }
   }
