@@ -288,6 +288,12 @@ void Player::Ask(const std::string& rest) {
     return;
   }
   rows_ = fmt::format("{}", fmt::ptr(rows));
+  if (shown == "changes") {
+    usual_ = {"in Manager::OnGetWindowInfo",
+              fmt::format("  log [Controlbar] window info callback, item count: {}, item data: "
+                          "<rows>",
+                          count)};
+  }
   Lines& answer = answered_[key];
   for (const BtnParams* row = rows; row != rows + count; ++row) {
     answer.push_back(
