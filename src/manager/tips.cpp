@@ -29,18 +29,22 @@ void ControlbarManager::ShowLeaveTip() {
   constexpr std::uint64_t kTitle = 10093;
   constexpr std::uint64_t kText = 10094;
   constexpr std::uint64_t kConfirm = 10095;
+  // Copies: the library may let a new text map in while it is asked.
   const auto text_of = [this](std::uint64_t id) {
     const char* const text = m_data->GetNativeText(id);
-    return text != nullptr ? text : "";
+    return std::string(text != nullptr ? text : "");
   };
+  const std::string title = text_of(kTitle);
+  const char* const pattern = m_data->GetNativeText(kText);
   // Outside a sub-room the meeting itself is what the user leaves.
   const std::string room =
       m_data->IsInSubRoom() ? m_data->GetSubRoomName() : m_data->GetMeetingDetailInfo().topic;
-  const std::string text = VELLOMAR_COMMON::FillPlaceholder(m_data->GetNativeText(kText), room);
+  const std::string text = VELLOMAR_COMMON::FillPlaceholder(pattern, room);
+  const std::string confirm = text_of(kConfirm);
   const VellomarRect at = PositionOf(EventKey::Leave);
-  VELLOMAR_LORIMEL::ConfirmTipWindowInfo info{text_of(kTitle),
+  VELLOMAR_LORIMEL::ConfirmTipWindowInfo info{title.c_str(),
                                               text.c_str(),
-                                              text_of(kConfirm),
+                                              confirm.c_str(),
                                               static_cast<int>(at.x),
                                               static_cast<int>(at.y),
                                               static_cast<int>(at.width),

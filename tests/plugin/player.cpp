@@ -95,6 +95,11 @@ Player::~Player() {
 }
 
 Lines Player::Play(const std::string& step) {
+  constexpr std::string_view kQuietly = "quietly ";
+  if (step.starts_with(kQuietly)) {
+    Play(step.substr(kQuietly.size()));
+    return {};
+  }
   usual_.clear();
   tail_.clear();
   rows_.clear();
@@ -275,15 +280,27 @@ void Player::Click(const std::string& rest) {
 void Player::Ask(const std::string& rest) {
   constexpr int kUntouched = -7;
   int count = kUntouched;
-  const BtnParams* const rows = TheLibrary().on_show_window(EventKey{std::stoi(rest)}, count);
+  const auto [key, shown] = Split(rest);
+  const BtnParams* const rows = TheLibrary().on_show_window(EventKey{std::stoi(key)}, count);
+  const Lines before = std::exchange(answered_[key], {});
   if (rows == nullptr) {
     tail_.push_back("no rows" + (count == kUntouched ? "" : fmt::format(", count {}", count)));
     return;
   }
   rows_ = fmt::format("{}", fmt::ptr(rows));
+  if (shown == "changes") {
+    usual_ = {"in Manager::OnGetWindowInfo",
+              fmt::format("  log [Controlbar] window info callback, item count: {}, item data: "
+                          "<rows>",
+                          count)};
+  }
+  Lines& answer = answered_[key];
   for (const BtnParams* row = rows; row != rows + count; ++row) {
-    tail_.push_back(
+    answer.push_back(
         fmt::format("row {}{}", static_cast<int>(row->key), Changes(FieldsOf({}), FieldsOf(*row))));
+    const std::size_t i = answer.size() - 1;
+    const bool same = i < before.size() && before[i] == answer[i];
+    if (!same || shown != "changes") tail_.push_back(answer[i]);
   }
 }
 

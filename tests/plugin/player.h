@@ -54,6 +54,8 @@ class Player {
   std::map<std::string, std::int64_t> answers_;     // to the participant request, by user id
   std::map<std::uint64_t, std::string> reactions_;  // what the host does, once, when it hears this
 
+  std::map<std::string, Lines> answered_;  // the rows of a window, by its key
+
   // Of the step that is played:
   Lines usual_;            // what every step of its kind begins with and is left out
   std::size_t inner_ = 0;  // the depth of what follows: inside of it, or 0: after it
