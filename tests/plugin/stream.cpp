@@ -31,6 +31,33 @@ std::string Masked(const std::string& text) {
   return text.starts_with(kPath) ? std::string(kPath) + "#" : text;
 }
 
+// The key of a record that was pushed and had not changed, or -1.
+int UnchangedKey(const std::string& line) {
+  constexpr std::string_view kPush = "push ";
+  const std::size_t start = std::min(line.find_first_not_of(' '), line.size());
+  const std::string key = line.substr(std::min(start + kPush.size(), line.size()));
+  const bool is_key = key.size() == 4 && key.find_first_not_of("0123456789") == key.npos;
+  return is_key && line.compare(start, kPush.size(), kPush) == 0 ? std::stoi(key) : -1;
+}
+
+// A text map pushes all records: where many in a row have not changed, one line says so.
+Lines WithRunsInOneLine(const Lines& lines) {
+  constexpr std::size_t kMany = 8;
+  Lines short_lines;
+  for (std::size_t i = 0, count = 1; i < lines.size(); i += count) {
+    const int key = UnchangedKey(lines[i]);
+    const auto follows = [&](std::size_t n) {
+      return i + n < lines.size() && UnchangedKey(lines[i + n]) == key + static_cast<int>(n);
+    };
+    for (count = 1; key >= 0 && follows(count);) ++count;
+    if (count < kMany) count = 1;
+    const std::string end =
+        count > 1 ? ".." + std::to_string(key + static_cast<int>(count) - 1) : "";
+    short_lines.push_back(lines[i] + end);
+  }
+  return short_lines;
+}
+
 }  // namespace
 
 void Stream::Add(const std::string& line) {
@@ -71,7 +98,7 @@ void Stream::Log(const recording_log::Line& line) {
 
 Lines Stream::Take() {
   for (const Scope& scope : std::exchange(scopes_, {})) lines_.push_back("open " + scope.name);
-  return std::exchange(lines_, {});
+  return WithRunsInOneLine(std::exchange(lines_, {}));
 }
 
 }  // namespace streams

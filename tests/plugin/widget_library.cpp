@@ -51,7 +51,7 @@ void TakeRecords(const VELLOMAR_LORIMEL::BtnParams* records, int count) {
     const Fields fields = FieldsOf(records[i]);
     const bool has_usual = index < library.usual.size();
     const Fields usual = has_usual ? library.usual[index] : FieldsOf({});
-    if (key != (has_usual ? 1000 + i : 0) || fields != usual) {
+    if (key != 1000 + i || fields != usual) {
       library.report(fmt::format("  record {}{}", key, Changes(usual, fields)));
     }
     library.last[key] = fields;
