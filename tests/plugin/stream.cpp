@@ -58,6 +58,33 @@ Lines WithRunsInOneLine(const Lines& lines) {
   return short_lines;
 }
 
+std::size_t Depth(const std::string& line) {
+  return std::min(line.find_first_not_of(' '), line.size());
+}
+
+// UpdateUIElement is most of what happens: its scope, its log line and its push are one line where
+// they are just these.
+Lines WithUpdatesInOneLine(const Lines& lines) {
+  const std::string kScope = "in Manager::UpdateUIElement", kLog = "log update lorimel ui: ";
+  Lines short_lines;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const std::string indent(Depth(lines[i]), ' ');
+    if (lines[i] == indent + kScope && i + 2 < lines.size() &&
+        lines[i + 1].starts_with(indent + "  " + kLog) &&
+        (i + 3 == lines.size() || Depth(lines[i + 3]) <= indent.size())) {
+      const std::string key = lines[i + 1].substr(indent.size() + 2 + kLog.size());
+      const std::string push = indent + "  push " + key;
+      if (lines[i + 2] == push || lines[i + 2].starts_with(push + " ")) {
+        short_lines.push_back(indent + "update " + key + lines[i + 2].substr(push.size()));
+        i += 2;
+        continue;
+      }
+    }
+    short_lines.push_back(lines[i]);
+  }
+  return short_lines;
+}
+
 }  // namespace
 
 void Stream::Add(const std::string& line) {
@@ -98,7 +125,7 @@ void Stream::Log(const recording_log::Line& line) {
 
 Lines Stream::Take() {
   for (const Scope& scope : std::exchange(scopes_, {})) lines_.push_back("open " + scope.name);
-  return WithRunsInOneLine(std::exchange(lines_, {}));
+  return WithUpdatesInOneLine(WithRunsInOneLine(std::exchange(lines_, {})));
 }
 
 }  // namespace streams
