@@ -126,12 +126,17 @@ configure() {
   logged "configure-$preset" cmake --preset "$preset" "$@"
 }
 
+# warnings PRESET: how many its last build printed.
+warnings() {
+  grep -c 'warning: ' "build/logs/build-$1.log" || true
+}
+
 # build PRESET [TARGET...]: all targets where none is named. Says if there were warnings.
 build() {
-  local preset=$1 warnings
+  local preset=$1
   shift
   step "building $preset"
   logged "build-$preset" cmake --build --preset "$preset" ${1:+--target "$@"}
-  warnings=$(grep -c 'warning: ' "build/logs/build-$preset.log" || true)
-  [ "$warnings" -eq 0 ] || step "$warnings warnings, in build/logs/build-$preset.log"
+  [ "$(warnings "$preset")" -eq 0 ] ||
+    step "$(warnings "$preset") warnings, in build/logs/build-$preset.log"
 }
