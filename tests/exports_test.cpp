@@ -81,79 +81,6 @@ TEST_F(ExportsTest, AWholeLifeIsTraced) {
   EXPECT_THAT(host.calls, ElementsAre("addObserver 7", "removeObserver 7"));
 }
 
-TEST_F(ExportsTest, InitOpensTheLogWithTheHostsArguments) {
-  Init(nullptr);
-  Init(nullptr);
-  const recording_log::Opening opening{77, "first", "second", "vellomar_controlbar", 0, 7, 1};
-  EXPECT_EQ(recording_log::Opened(), (std::vector{opening, opening}));
-  library.uninit();
-}
-
-TEST_F(ExportsTest, EveryExportWorksWithoutInit) {
-  std::uint64_t payload = 0;
-  EXPECT_TRUE(library.on_receive(15000753, 0, &payload));
-  EXPECT_TRUE(library.on_receive(15000753, 0, nullptr));
-  EXPECT_TRUE(library.on_receive(1, 2, &payload));
-  EXPECT_TRUE(library.on_delegate(1, 2, &payload));
-  EXPECT_TRUE(library.on_delegate(1, 2, nullptr));
-  EXPECT_TRUE(library.call_drop(28200089, 0));
-  EXPECT_TRUE(library.uninit());
-  EXPECT_TRUE(library.uninit());
-  EXPECT_TRUE(host.calls.empty());
-}
-
-TEST_F(ExportsTest, UnknownEventsAndNullPayloadsAreRefusedInSilence) {
-  std::uint64_t payload = 0;
-  EXPECT_FALSE(library.call_event(VELLOMAR_COMMAND_setValue, 0, nullptr));
-  EXPECT_FALSE(library.call_event(12345, 0, &payload));
-  EXPECT_FALSE(library.call_event(VELLOMAR_COMMAND_setValue, 1, &payload))
-      << "the high word counts";
-  EXPECT_THAT(Trace(), IsEmpty());
-}
-
-TEST_F(ExportsTest, TheNoOpCommandsAreTracedAndChangeNothing) {
-  const EventLoopTable table = host.Table();
-  Init(&table);
-  recording_log::Clear();
-  host.calls.clear();
-  VellomarUnread payload{};
-  EXPECT_TRUE(library.call_event(VELLOMAR_COMMAND_setValue, 0, &payload));
-  EXPECT_TRUE(library.call_event(VELLOMAR_COMMAND_clearSketchDropDown, 0, &payload));
-  EXPECT_THAT(Trace(), ElementsAre("entry ExportedCallEvent", "entry setValue", "exit setValue",
-                                   "exit ExportedCallEvent", "entry ExportedCallEvent",
-                                   "entry clearSketchDropDown", "exit clearSketchDropDown",
-                                   "exit ExportedCallEvent"));
-  EXPECT_THAT(host.calls, IsEmpty());
-  library.uninit();
-}
-
-TEST_F(ExportsTest, ACommandWithoutALoopIsAcceptedAndDropped) {
-  // Stays loaded, so that the leak checker can name the function that keeps the task's copy.
-  static const auto* const kept = new Library;
-  ASSERT_NE(kept, nullptr);
-  Init(nullptr);
-  VellomarInt payload{1};
-  EXPECT_TRUE(library.call_event(VELLOMAR_COMMAND_setHostType, 0, &payload));
-  VellomarRect position{1, 2, 3, 4};
-  EXPECT_TRUE(library.call_event(VELLOMAR_COMMAND_getControlbarPosition, 0, &position));
-  EXPECT_EQ(position.x + position.y + position.width + position.height, 0);
-  library.uninit();
-}
-
-TEST_F(ExportsTest, TasksPostedBeforeUninitMayRunUntilUnload) {
-  const EventLoopTable table = host.Table();
-  Init(&table);
-  std::string text = "the host's memory, gone when the call returns";
-  VellomarText payload{text.c_str()};
-  library.call_event(VELLOMAR_COMMAND_setMeetingNumber, 0, &payload);
-  text.assign(text.size(), '#');
-  library.uninit();
-  recording_log::Clear();
-  EXPECT_EQ(host.RunAll(), 1);
-  EXPECT_TRUE(recording_log::Contains(
-      "SetMeetingNumber meetingNumber:the host's memory, gone when the call returns"));
-}
-
 // A folder whose name has letters of several scripts and a space, and that lies deeper than old
 // systems allow.
 std::filesystem::path UnusualFolder(const std::filesystem::path& parent) {
@@ -185,9 +112,6 @@ TEST(ModuleDirectoryTest, IsFoundWhateverItsName) {
 }
 
 TEST(UnloadTest, ASecondLoadStartsAfresh) {
-  if (IsLoaded(kPlugin)) {
-    GTEST_SKIP() << "another test keeps the library loaded; run this one in a process of its own";
-  }
   ScriptHost host;
   const EventLoopTable table = host.Table();
   vellomar_widgets::Headless& widgets = vellomar_widgets::TheHeadless();

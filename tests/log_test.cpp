@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Trace scopes, the log front and the record of function statistics.
+// The log front and the record of function statistics.
+#include "frame/log.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,41 +10,17 @@
 #include <new>
 #include <string>
 
-#include "common/text.h"
 #include "frame/function_statistics.h"
-#include "frame/trace_scope.h"
 #include "support/recording_log.h"
 
 namespace {
 
-using testing::ElementsAre;
 using VELLOMAR_LOG::FunctionStatistics;
-using VELLOMAR_LOG::TraceScope;
 
 class LogTest : public testing::Test {
  protected:
   void SetUp() override { recording_log::Clear(); }
 };
-
-MATCHER_P(IsTheExitOf, scope, "") {
-  const std::string start = std::string("exit ") + scope + ", cost : ";
-  return arg.size() > start.size() && arg.starts_with(start) &&
-         arg.find_first_not_of("0123456789", start.size()) == std::string::npos;
-}
-
-TEST_F(LogTest, AScopeWritesItsEntryAndItsExitWithTheCost) {
-  {
-    const TraceScope outer("setTextMap");
-    const TraceScope inner("Show", "Space::Class::");
-  }
-  EXPECT_THAT(recording_log::Texts(),
-              ElementsAre("entry setTextMap", "entry Space::Class::Show",
-                          IsTheExitOf("Space::Class::Show"), IsTheExitOf("setTextMap")));
-  for (const recording_log::Line& line : recording_log::Lines()) {
-    EXPECT_EQ(line.level, 3);
-    EXPECT_EQ(line.module, "vellomar_controlbar");
-  }
-}
 
 TEST_F(LogTest, LongLinesAreWrittenWhole) {
   const std::string text(5000, 'x');
@@ -69,15 +47,6 @@ TEST_F(LogTest, StatisticsWriteTheirAverageAndDoNotDivideByZero) {
             (std::vector<recording_log::Line>{
                 {"PCSDK", 3, "Function Busy be executed 3,cost 10us,avg 3us"},
                 {"PCSDK", 3, "Function Idle be executed 0,cost 0us,avg 0us"}}));
-}
-
-TEST(FillPlaceholderTest, PutsTheValueInPlaceOfTheFirstName) {
-  using VELLOMAR_COMMON::FillPlaceholder;
-  EXPECT_EQ(FillPlaceholder("Meeting {{number}}!", "42"), "Meeting 42!");
-  EXPECT_EQ(FillPlaceholder("{{a}}{{b}}", "{{c}}"), "{{c}}{{b}}");
-  EXPECT_EQ(FillPlaceholder("no place", "42"), "no place");
-  EXPECT_EQ(FillPlaceholder("{{open", "42"), "{{open");
-  EXPECT_EQ(FillPlaceholder(nullptr, "42"), "42");
 }
 
 }  // namespace
