@@ -139,6 +139,7 @@ TEST_F(HeadlessTest, CallbacksMayCloseTheBarThatTheyComeFrom) {
     EXPECT_TRUE(user.press(1008)) << moment;  // opens its window, too
     user.pick(1080, nullptr);
     EXPECT_EQ(act_on, "") << moment;
+    EXPECT_EQ(told.back(), "closed") << moment << ": nothing comes after";
     EXPECT_EQ(library.BarHandle(), nullptr) << moment;
     EXPECT_EQ(library.Rows(), nullptr) << moment;
   }
