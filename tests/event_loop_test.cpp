@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The adapter to the host's event loop, against a host that does what the test says.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -15,16 +16,22 @@
 namespace {
 
 using VELLOMAR_CONTROLBAR::AntennaEventLoop;
+using Id = AntennaEventLoop::Id;
+using Task = AntennaEventLoop::Task;
+using Calls = std::vector<std::string>;
 
 class EventLoopTest : public testing::Test {
  protected:
   void SetUp() override { Loop().Init(host.Table()); }
-  void TearDown() override { AntennaEventLoop::DestroyInstance(); }
+  void TearDown() override {
+    AntennaEventLoop::DestroyInstance();
+    EXPECT_EQ(Copies(), 0) << "a callable that cannot run any more is still there";
+  }
 
   static AntennaEventLoop& Loop() { return *AntennaEventLoop::GetInstance(); }
 
   // A task that counts its runs, and a watch on whether its callable still exists.
-  AntennaEventLoop::Task Counting() {
+  Task Counting() {
     return [this, alive = alive] { ++runs; };
   }
   long Copies() const { return alive.use_count() - 1; }
@@ -42,46 +49,35 @@ class EventLoopTest : public testing::Test {
 struct Route {
   const char* name;
   const char* entry;
-  AntennaEventLoop::Id (*post)(AntennaEventLoop&, AntennaEventLoop::Task);
-  void (AntennaEventLoop::*cancel)(AntennaEventLoop::Id);
+  std::function<Id(AntennaEventLoop&, Task)> post;
+  void (AntennaEventLoop::*cancel)(Id);
   std::size_t (AntennaEventLoop::*count)() const;
   const char* cancel_call;
-  void (*drop_cancel_slot)(EventLoopTable&);
+  decltype(EventLoopTable::cancelTaskFn) EventLoopTable::*cancel_slot;
 };
 
 const Route kRoutes[] = {
-    {"post", "PostTask",
-     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
-       return loop.PostTask(std::move(task));
-     },
-     &AntennaEventLoop::CancelTask, &AntennaEventLoop::TaskCount, "slot13",
-     [](EventLoopTable& table) { table.cancelTaskFn = nullptr; }},
-    {"alt1", "PostTaskAlt1",
-     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
-       return loop.PostTaskAlt1(std::move(task));
-     },
-     &AntennaEventLoop::CancelTaskAlt1, &AntennaEventLoop::TaskAlt1Count, "slot13",
-     [](EventLoopTable& table) { table.cancelTaskFn = nullptr; }},
-    {"alt2", "PostTaskAlt2",
-     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
-       return loop.PostTaskAlt2(std::move(task));
-     },
-     &AntennaEventLoop::CancelTaskAlt2, &AntennaEventLoop::TaskAlt2Count, "slot15",
-     [](EventLoopTable& table) { table.cancelAlt2Fn = nullptr; }},
+    {"post", "PostTask", &AntennaEventLoop::PostTask, &AntennaEventLoop::CancelTask,
+     &AntennaEventLoop::TaskCount, "slot13", &EventLoopTable::cancelTaskFn},
+    {"alt1", "PostTaskAlt1", &AntennaEventLoop::PostTaskAlt1, &AntennaEventLoop::CancelTaskAlt1,
+     &AntennaEventLoop::TaskAlt1Count, "slot13", &EventLoopTable::cancelTaskFn},
+    {"alt2", "PostTaskAlt2", &AntennaEventLoop::PostTaskAlt2, &AntennaEventLoop::CancelTaskAlt2,
+     &AntennaEventLoop::TaskAlt2Count, "slot15", &EventLoopTable::cancelAlt2Fn},
     {"delayed", "PostDelayedTask",
-     [](AntennaEventLoop& loop, AntennaEventLoop::Task task) {
-       return loop.PostDelayedTask(250, std::move(task));
-     },
+     [](AntennaEventLoop& loop, Task task) { return loop.PostDelayedTask(250, std::move(task)); },
      &AntennaEventLoop::CancelDelayedTask, &AntennaEventLoop::DelayedTaskCount, "cancelDelayed",
-     [](EventLoopTable& table) { table.cancelDelayedFn = nullptr; }},
+     &EventLoopTable::cancelDelayedFn},
 };
 
 class OneShotTest : public EventLoopTest, public testing::WithParamInterface<Route> {
  protected:
-  AntennaEventLoop::Id Post(AntennaEventLoop::Task task) {
-    return GetParam().post(Loop(), std::move(task));
+  void TearDown() override {
+    EXPECT_EQ(Recorded(), 0u);
+    EventLoopTest::TearDown();
   }
-  void Cancel(AntennaEventLoop::Id id) { (Loop().*GetParam().cancel)(id); }
+
+  Id Post(Task task) { return GetParam().post(Loop(), std::move(task)); }
+  void Cancel(Id id) { (Loop().*GetParam().cancel)(id); }
   std::size_t Recorded() const { return (Loop().*GetParam().count)(); }
 };
 
@@ -90,23 +86,18 @@ TEST_P(OneShotTest, RunsOnceAndIsForgotten) {
   EXPECT_EQ(Recorded(), 1u);
   EXPECT_EQ(host.RunAll(), 1);
   EXPECT_EQ(runs, 1);
-  EXPECT_EQ(Recorded(), 0u);
-  EXPECT_EQ(Copies(), 0);
 }
 
 TEST_P(OneShotTest, CancelFreesTheTaskAndTellsTheHost) {
-  const auto id = Post(Counting());
-  Cancel(id);
+  Cancel(Post(Counting()));
   EXPECT_EQ(host.calls.back(), GetParam().cancel_call + std::string(" 100"));
-  EXPECT_EQ(Recorded(), 0u);
-  EXPECT_EQ(Copies(), 0);
   Cancel(999);  // unknown: the host is told all the same
   EXPECT_EQ(host.calls.back(), GetParam().cancel_call + std::string(" 999"));
 }
 
 TEST_P(OneShotTest, CancelWithoutASlotKeepsTheTask) {
   EventLoopTable table = host.Table();
-  GetParam().drop_cancel_slot(table);
+  table.*GetParam().cancel_slot = nullptr;
   Loop().Init(table);
   Cancel(Post(Counting()));
   EXPECT_EQ(Recorded(), 1u);
@@ -119,24 +110,18 @@ TEST_P(OneShotTest, AHostMayRunTheTaskBeforeItAnswers) {
   EXPECT_EQ(Post(Counting()), 100u);
   EXPECT_EQ(runs, 1);
   EXPECT_EQ(Recorded(), 0u);
-  EXPECT_EQ(Copies(), 0);
-}
-
-TEST_P(OneShotTest, ATaskRunAtOnceMayPostAnother) {
   // The second copy may get the address of the first; it must be recorded all the same.
-  host.run_at_once = true;
   Post([this] {
     host.run_at_once = false;
     Post(Counting());
   });
   EXPECT_EQ(Recorded(), 1u);
   EXPECT_EQ(host.RunAll(), 1);
-  EXPECT_EQ(runs, 1);
-  EXPECT_EQ(Recorded(), 0u);
+  EXPECT_EQ(runs, 2);
 }
 
 TEST_P(OneShotTest, ATaskMayCancelItself) {
-  AntennaEventLoop::Id id = 0;
+  Id id = 0;
   id = Post([this, &id, alive = alive] {
     Cancel(id);
     EXPECT_EQ(*alive, 0);  // the callable is still there
@@ -144,8 +129,6 @@ TEST_P(OneShotTest, ATaskMayCancelItself) {
   });
   host.RunAll();
   EXPECT_EQ(runs, 1);
-  EXPECT_EQ(Recorded(), 0u);
-  EXPECT_EQ(Copies(), 0);
 }
 
 TEST_P(OneShotTest, WhatATaskThrowsIsLoggedAndTheTaskIsForgotten) {
@@ -156,15 +139,11 @@ TEST_P(OneShotTest, WhatATaskThrowsIsLoggedAndTheTaskIsForgotten) {
   const std::vector<std::string> faults = recording_log::Texts(4);
   ASSERT_EQ(faults.size(), 2u);
   EXPECT_EQ(faults[0], std::string("[Controlbar] ") + GetParam().entry + " failed: no more");
-  EXPECT_EQ(Recorded(), 0u);
-  EXPECT_EQ(Copies(), 0);
 }
 
 TEST_P(OneShotTest, WithoutATableNothingHappens) {
   AntennaEventLoop::DestroyInstance();
   EXPECT_EQ(Post(Counting()), 0u);
-  EXPECT_EQ(Recorded(), 0u);
-  EXPECT_EQ(Copies(), 0);
   EXPECT_TRUE(host.pending.empty());
 }
 
@@ -175,7 +154,6 @@ TEST_P(OneShotTest, OutlivesTheEventLoopUntilItHasRun) {
   AntennaEventLoop::DestroyInstance();
   EXPECT_EQ(host.RunAll(), 1);
   EXPECT_EQ(runs, 1);
-  EXPECT_EQ(Copies(), 0);
 }
 
 TEST_P(OneShotTest, ARepeatedIdReplacesTheRecordAndBothRun) {
@@ -188,25 +166,20 @@ TEST_P(OneShotTest, ARepeatedIdReplacesTheRecordAndBothRun) {
   EXPECT_EQ(Recorded(), 1u) << "the record is the second task's";
   host.RunAll();
   EXPECT_EQ(runs, 2);
-  EXPECT_EQ(Copies(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Routes, OneShotTest, testing::ValuesIn(kRoutes),
                          [](const auto& route) { return route.param.name; });
 
-TEST_F(EventLoopTest, PassesTheDelayOnUnchanged) {
+TEST_F(EventLoopTest, PassesNumbersOnUnchanged) {
   Loop().PostDelayedTask(0xFFFFFFFFFFFFFFFF, Counting());
   EXPECT_EQ(host.pending.at(100).value, 0xFFFFFFFFFFFFFFFF);
   host.RunAll();
-}
-
-TEST_F(EventLoopTest, NeverCallsSlot14) {
-  Loop().CancelTask(1);
-  Loop().CancelTaskAlt1(2);
-  Loop().CancelTaskAlt2(3);
-  Loop().CancelDelayedTask(4);
-  EXPECT_EQ(host.calls, (std::vector<std::string>{"addObserver 7", "slot13 1", "slot13 2",
-                                                  "slot15 3", "cancelDelayed 4"}));
+  EXPECT_EQ(Loop().Query(4, 2), 42u);
+  EXPECT_EQ(Loop().Query3(1, 2, 3), 123u);
+  Loop().Init(EventLoopTable{});
+  EXPECT_EQ(Loop().Query(4, 2), 0u);
+  EXPECT_EQ(Loop().Query3(1, 2, 3), 0u);
 }
 
 TEST_F(EventLoopTest, TimersRepeatUntilUninitStopsThemInOrder) {
@@ -220,20 +193,8 @@ TEST_F(EventLoopTest, TimersRepeatUntilUninitStopsThemInOrder) {
   EXPECT_EQ(runs, 3);
   host.calls.clear();
   Loop().Uninit();
-  EXPECT_EQ(host.calls,
-            (std::vector<std::string>{"removeObserver 7", "stopTimer 20", "stopTimer 30"}));
+  EXPECT_EQ(host.calls, (Calls{"removeObserver 7", "stopTimer 20", "stopTimer 30"}));
   EXPECT_EQ(Loop().TimerCount(), 0u);
-  EXPECT_EQ(Copies(), 0);
-}
-
-TEST_F(EventLoopTest, ATimerMayEndTheEventLoop) {
-  const auto id = Loop().StartTimer(5, [this, alive = alive] {
-    EndThePlugIn();
-    runs += *alive + 1;
-  });
-  host.Fire(id);
-  EXPECT_EQ(runs, 1);
-  EXPECT_EQ(Copies(), 0);
 }
 
 TEST_F(EventLoopTest, UninitWithoutSlotsKeepsTheTimers) {
@@ -249,15 +210,17 @@ TEST_F(EventLoopTest, UninitWithoutSlotsKeepsTheTimers) {
   Loop().Uninit();
   EXPECT_TRUE(host.calls.empty());
   EXPECT_EQ(Loop().TimerCount(), 1u);
+  Loop().Init(host.Table());
+  Loop().Uninit();
 }
 
 TEST_F(EventLoopTest, SyncTasksRunInPlaceWithoutACopy) {
-  AntennaEventLoop::Task task = Counting();
+  Task task = Counting();
   Loop().RunTaskSync(task);
   EXPECT_EQ(Loop().RunTaskSyncAlt(task), 42u);
   EXPECT_EQ(runs, 2);
   EXPECT_EQ(Copies(), 1) << "only the caller's own";
-  AntennaEventLoop::Task empty;
+  Task empty;
   recording_log::Clear();
   Loop().RunTaskSync(empty);
   EXPECT_EQ(recording_log::Texts(4).size(), 1u) << "logged, not thrown into the host";
@@ -267,16 +230,8 @@ TEST_F(EventLoopTest, SyncTasksRunInPlaceWithoutACopy) {
   EXPECT_EQ(runs, 2);
 }
 
-TEST_F(EventLoopTest, ForwardsQueries) {
-  EXPECT_EQ(Loop().Query(4, 2), 42u);
-  EXPECT_EQ(Loop().Query3(1, 2, 3), 123u);
-  Loop().Init(EventLoopTable{});
-  EXPECT_EQ(Loop().Query(4, 2), 0u);
-  EXPECT_EQ(Loop().Query3(1, 2, 3), 0u);
-}
-
 TEST_F(EventLoopTest, ATimerThatEndsThePlugInWhileItFiresAgainLivesUntilItReturns) {
-  AntennaEventLoop::Id id = 0;
+  Id id = 0;
   id = Loop().StartTimer(5, [this, &id, alive = alive] {
     if (++runs == 1) {
       host.Fire(id);
@@ -287,7 +242,6 @@ TEST_F(EventLoopTest, ATimerThatEndsThePlugInWhileItFiresAgainLivesUntilItReturn
   });
   host.Fire(id);
   EXPECT_EQ(runs, 2);
-  EXPECT_EQ(Copies(), 0);
 }
 
 TEST_F(EventLoopTest, AListenerMayEndThePlugIn) {
@@ -311,7 +265,6 @@ TEST_F(EventLoopTest, TheHostMayEndThePlugInInsideASlot) {
     EXPECT_FALSE(AntennaEventLoop::HasInstance());
     return host.calls;
   };
-  using Calls = std::vector<std::string>;
   EXPECT_EQ(in("startTimer", [this] { Loop().StartTimer(5, Counting()); }),
             (Calls{"removeObserver 7", "stopTimer 100"}));
   EXPECT_EQ(Copies(), 0);
@@ -331,7 +284,6 @@ TEST_F(EventLoopTest, TheHostMayEndThePlugInInsideASlot) {
                  Loop().Uninit();
                }),
             (Calls{"removeObserver 7", "stopTimer 103", "stopTimer 104"}));
-  EXPECT_EQ(Copies(), 0);
   EXPECT_EQ(in("addObserver",
                [this] {
                  AntennaEventLoop::DestroyInstance();
@@ -356,22 +308,17 @@ class ObserverTest : public EventLoopTest {
   }
   ObserverTest() { other.clear(); }
 
-  inline static std::vector<std::string> other;
-  using Calls = std::vector<std::string>;
+  inline static Calls other;
 };
 
-TEST_F(ObserverTest, IsRegisteredOnceOnALoop) {
+TEST_F(ObserverTest, IsRegisteredOnceAndMovesToAnotherLoopAndBack) {
   Loop().Init(host.Table());
   EXPECT_EQ(host.calls, Calls{"addObserver 7"});
   Loop().Uninit();
   Loop().Init(host.Table());
   EXPECT_EQ(host.calls.back(), "addObserver 7");
-}
-
-TEST_F(ObserverTest, MovesToAnotherLoopAndBack) {
   Loop().Init(OtherLoop());
-  EXPECT_EQ(host.calls, (Calls{"addObserver 7", "removeObserver 7"}));
-  EXPECT_EQ(other, Calls{"add"});
+  EXPECT_EQ(host.calls.back(), "removeObserver 7");
   Loop().Init(OtherLoop());
   EXPECT_EQ(other, Calls{"add"}) << "id 0 is an observer too";
   Loop().Init(host.Table());
@@ -409,7 +356,7 @@ TEST_F(EventLoopTest, CallsListenersInTheOrderOfTheirIds) {
 }
 
 TEST_F(EventLoopTest, AListenerMayRemoveItselfAndAddOthers) {
-  AntennaEventLoop::Id self = 0;
+  Id self = 0;
   self = Loop().AddListener([this, &self, alive = alive] {
     Loop().RemoveListener(self);
     Loop().AddListener([this] { ++runs; });
@@ -417,7 +364,6 @@ TEST_F(EventLoopTest, AListenerMayRemoveItselfAndAddOthers) {
   });
   host.Turn();
   EXPECT_EQ(runs, 11);
-  EXPECT_EQ(Copies(), 0);
 }
 
 TEST_F(EventLoopTest, WhatAListenerThrowsIsLogged) {
@@ -432,12 +378,8 @@ TEST_F(EventLoopTest, RefusesMoreListenersThanTheLimit) {
   Loop().SetListenerLimit(2);
   Loop().AddListener([] {});
   const auto second = Loop().AddListener([] {});
-  try {
-    Loop().AddListener([] {});
-    FAIL() << "a third listener was taken";
-  } catch (const std::length_error& error) {
-    EXPECT_STREQ(error.what(), "map/set too long");
-  }
+  EXPECT_THAT([] { Loop().AddListener([] {}); },
+              testing::ThrowsMessage<std::length_error>("map/set too long"));
   Loop().RemoveListener(second);
   EXPECT_EQ(Loop().AddListener([] {}), second + 2) << "the refused one used up an id";
 }
@@ -446,7 +388,6 @@ TEST(ListenerIdTest, StartAtOne) {
   // The counter is the process's: this holds in a process of its own, where ctest runs it.
   if (testing::UnitTest::GetInstance()->test_to_run_count() > 1) GTEST_SKIP();
   EXPECT_EQ(AntennaEventLoop::GetInstance()->AddListener([] {}), 1u);
-  EXPECT_EQ(AntennaEventLoop::GetInstance()->AddListener([] {}), 2u);
   AntennaEventLoop::DestroyInstance();
 }
 

@@ -2,9 +2,9 @@
 // Memory runs out at every point at which the plug-in asks for some, in a run of commands, lists,
 // clicks and tasks. Nothing may leave an export or a callback as an exception, crash or leak (the
 // address sanitizer watches); every text handed out stays readable; and afterwards the plug-in
-// works as if nothing had happened. The program replaces operator new, the widget library and the
-// log, so it is one of its own; its own code asks for no memory while the plug-in's requests are
-// refused.
+// works as if nothing had happened. The program replaces operator new and the log, so it is one of
+// its own; its own code and the widgets, which the benchmarks have too, ask for no memory while the
+// plug-in's requests are refused.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -14,9 +14,9 @@
 #include <cstring>
 #include <new>
 #include <string>
-#include <string_view>
 
 #include "manager/controlbar_manager.h"
+#include "stubs/observer.h"
 #include "vellomar/controlbar.h"
 #include "vellomar/lorimel.h"
 
@@ -66,109 +66,26 @@ void VellomarLogWrite(const char*, int level, const char* text) {
   std::snprintf(last_escape.data(), last_escape.size(), "%s", text);
 }
 
-// --- A widget library that reads every text it is given
-
 namespace {
 
+using VELLOMAR_CONTROLBAR::ControlbarManager;
 using VELLOMAR_LORIMEL::BtnParams;
 using VELLOMAR_LORIMEL::EventKey;
 
-VELLOMAR_LORIMEL::EventCallback* on_event = nullptr;
-VELLOMAR_LORIMEL::ShowWindowCallback* on_show_window = nullptr;
-VELLOMAR_LORIMEL::ClosedCallback* on_closed = nullptr;
-BtnParams* records = nullptr;
-char window = 0;  // its address is the bar's handle
+// --- Every text that is handed out is read
+
 std::uint64_t read = 0;
 
-void Read(const char* text) {
+void ReadText(const char* text) {
   if (text != nullptr) read += std::strlen(text);
 }
 void Read(const BtnParams& params) {
   for (const char* text :
        {params.objectName, params.text, params.valueText, params.toolTip, params.secondToolTip,
         params.iconPath, params.subLabel, params.extraText}) {
-    Read(text);
+    ReadText(text);
   }
 }
-void ReadAllRecords() {
-  for (int i = 0; records != nullptr && i < 92; ++i) Read(records[i]);
-}
-
-}  // namespace
-
-namespace VELLOMAR_LORIMEL {
-
-Lorimel* Lorimel::GetInstance() {
-  static Lorimel instance;
-  return &instance;
-}
-bool Lorimel::CreateControlbar(const char* title, std::int64_t, std::int64_t, std::int64_t,
-                               std::int64_t, CreatedCallback* onCreated, ClosedCallback* onClosed,
-                               bool, BtnParams* params, int, int, bool) {
-  Read(title);
-  records = params;
-  on_closed = onClosed;
-  ReadAllRecords();
-  onCreated(&window, 0, 0, 800, 60, true, 1);
-  return true;
-}
-bool Lorimel::ShowControlbar(void*&, bool) {
-  return true;
-}
-bool Lorimel::CloseSharedControlbar() {
-  ReadAllRecords();
-  if (on_closed != nullptr) on_closed(&window);
-  return true;
-}
-bool Lorimel::SetControlbarEventCallback(EventCallback* callback) {
-  on_event = callback;
-  return true;
-}
-bool Lorimel::SetShowWindowCallback(ShowWindowCallback* callback) {
-  on_show_window = callback;
-  return true;
-}
-bool Lorimel::SetEventKey(BtnParams& params) {
-  Read(params);
-  return true;
-}
-bool Lorimel::GetPositionByEventKey(EventKey, int&, int&, int&, int&) {
-  return false;
-}
-void Lorimel::SetMeetingDuration(std::uint64_t) {}
-bool Lorimel::SetMicVolume(int) {
-  return true;
-}
-void Lorimel::ShowControlbarButtonTip(EventKey, const char* text, bool, int, bool) {
-  Read(text);
-}
-void Lorimel::ShowControlbarButtonTipByInfo(EventKey, TipWindowInfo& info) {
-  for (const char* text : {info.avatarPath, info.senderName, info.text, info.participantKey}) {
-    Read(text);
-  }
-}
-bool Lorimel::ShowControlbarButtonConfirmTipByInfo(EventKey, ConfirmTipWindowInfo& info) {
-  for (const char* text : {info.title, info.text, info.confirmText}) Read(text);
-  return true;
-}
-std::uint64_t Lorimel::GetWidgetNativeHandle(void*&) {
-  return 1;
-}
-bool Lorimel::ShowSketchControlbar(bool) {
-  return true;
-}
-bool Lorimel::ClearSketchDropDown() {
-  return true;
-}
-bool Lorimel::CloseSketchControlbar() {
-  return true;
-}
-
-}  // namespace VELLOMAR_LORIMEL
-
-namespace {
-
-using VELLOMAR_CONTROLBAR::ControlbarManager;
 
 // --- The host: its loop keeps one posted callback
 
@@ -275,9 +192,9 @@ constexpr std::array<std::int32_t, 11> kWindows = {1018, 1020, 1065, 1012, 1008,
 void OpenLists() {
   for (const std::int32_t key : kWindows) {
     int count = 0;
-    BtnParams* const rows = on_show_window(static_cast<EventKey>(key), count);
+    BtnParams* const rows = bench::Callbacks().on_show_window(static_cast<EventKey>(key), count);
     for (int i = 0; i < count; ++i) Read(rows[i]);
-    if (count > 1) on_event(rows[1]);  // the plug-in's own row comes back
+    if (count > 1) bench::Callbacks().on_event(rows[1]);  // the plug-in's own row comes back
   }
 }
 
@@ -288,7 +205,7 @@ void ClickEverywhere() {
     event.key = static_cast<EventKey>(key);
     event.objectName = event.text = kText;
     event.valueText = key == 1039 || key == 1006 ? "user-2instance1" : kOther;
-    on_event(event);
+    bench::Callbacks().on_event(event);
   }
 }
 
@@ -325,10 +242,11 @@ std::string Picture() {
   SendLists();
   SendParticipants();
   std::string picture;
-  for (int i = 0; i < 92; ++i) Append(picture, records[i]);
+  for (int i = 0; i < 92; ++i) Append(picture, bench::Callbacks().records[i]);
   for (const std::int32_t key : kWindows) {
     int count = 0;
-    const BtnParams* const rows = on_show_window(static_cast<EventKey>(key), count);
+    const BtnParams* const rows =
+        bench::Callbacks().on_show_window(static_cast<EventKey>(key), count);
     for (int i = 0; i < count; ++i) Append(picture, rows[i]);
   }
   return picture;
@@ -336,12 +254,14 @@ std::string Picture() {
 
 class OutOfMemoryTest : public testing::TestWithParam<bool> {
  protected:
-  OutOfMemoryTest() { Init(); }
+  OutOfMemoryTest() {
+    bench::ReadTexts(&ReadText);
+    Init();
+  }
   ~OutOfMemoryTest() override {
+    VELLOMAR_LORIMEL::Lorimel::GetInstance()->CloseSharedControlbar();
     ExportedUninit();
     ControlbarManager::DestroyInstance();
-    records = nullptr;
-    on_closed = nullptr;
   }
 };
 
@@ -362,7 +282,7 @@ TEST_P(OutOfMemoryTest, ThePlugInWorksAfterwards) {
     until_refusal = point;
     WholeRun();
     until_refusal = 0;
-    ReadAllRecords();
+    for (int i = 0; i < 92; ++i) Read(bench::Callbacks().records[i]);
     if (!refused) break;
     ASSERT_GE(escapes, 1) << "point " << point << ": an exception that nobody logged";
     if (!GetParam()) {
@@ -403,18 +323,18 @@ TEST_F(OutOfMemoryTest, ACommandWithoutMemoryIsNotHandled) {
 // Init alone tells its caller, and can be called again.
 TEST_F(OutOfMemoryTest, InitLetsTheFailureOut) {
   ExportedUninit();
-  std::uint64_t point = 1;
-  for (bool failed = true; failed; ++point) {
+  std::uint64_t point = 0;
+  for (bool failed = true; failed;) {
     failed = false;
-    until_refusal = point;
+    until_refusal = ++point;
     try {
       Init();
     } catch (const std::bad_alloc&) {
       failed = true;
+      until_refusal = 0;
+      ExportedUninit();
     }
     until_refusal = 0;
-    if (!failed) break;
-    ExportedUninit();
   }
   EXPECT_GE(point, 6u);  // log, requester, responser, slot, notifier, host, loop
   EXPECT_FALSE(Picture().empty());

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "vellomar/lorimel.h"
 
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "stubs/observer.h"
 
@@ -9,6 +11,7 @@ namespace bench {
 namespace {
 
 Observer* widget_observer = nullptr;
+Observer* text_reader = nullptr;
 WidgetCallbacks callbacks;
 char window = 0;  // its address is the bar's handle
 
@@ -19,7 +22,19 @@ void Tell(const char* change, std::int64_t a, std::int64_t b, const char* text) 
   widget_observer(line.c_str());
 }
 
+// Asks for no memory: some is refused while it is used.
+void Read(std::initializer_list<const char*> texts) {
+  if (text_reader == nullptr) return;
+  for (const char* text : texts) {
+    if (text != nullptr) text_reader(text);
+  }
+}
+
 }  // namespace
+
+void ReadTexts(Observer* reader) {
+  text_reader = reader;
+}
 
 void ObserveWidgets(Observer* observer) {
   widget_observer = observer;
@@ -38,10 +53,19 @@ Lorimel* Lorimel::GetInstance() {
   return &instance;
 }
 
-bool Lorimel::CreateControlbar(const char*, std::int64_t, std::int64_t, std::int64_t, std::int64_t,
-                               CreatedCallback* onCreated, ClosedCallback*, bool, BtnParams*, int,
-                               int, bool) {
+bool Lorimel::CreateControlbar(const char* title, std::int64_t, std::int64_t, std::int64_t,
+                               std::int64_t, CreatedCallback* onCreated, ClosedCallback* onClosed,
+                               bool, BtnParams* params, int, int, bool) {
+  bench::Read({title});
+  bench::callbacks.on_closed = onClosed;
+  bench::callbacks.records = params;
   onCreated(&bench::window, 0, 0, 800, 60, true, 1);
+  return true;
+}
+
+bool Lorimel::CloseSharedControlbar() {
+  ClosedCallback* const closed = std::exchange(bench::callbacks.on_closed, nullptr);
+  if (closed != nullptr) closed(&bench::window);
   return true;
 }
 
@@ -56,6 +80,8 @@ bool Lorimel::SetShowWindowCallback(ShowWindowCallback* callback) {
 }
 
 bool Lorimel::SetEventKey(BtnParams& params) {
+  bench::Read({params.objectName, params.text, params.valueText, params.toolTip,
+               params.secondToolTip, params.iconPath, params.subLabel, params.extraText});
   bench::Tell("button", static_cast<std::int32_t>(params.key), params.status, params.text);
   return true;
 }
@@ -68,16 +94,18 @@ bool Lorimel::SetMicVolume(int volume) {
 bool Lorimel::ShowControlbar(void*&, bool) {
   return true;
 }
-bool Lorimel::CloseSharedControlbar() {
-  return true;
-}
 bool Lorimel::GetPositionByEventKey(EventKey, int&, int&, int&, int&) {
   return false;
 }
 void Lorimel::SetMeetingDuration(std::uint64_t) {}
-void Lorimel::ShowControlbarButtonTip(EventKey, const char*, bool, int, bool) {}
-void Lorimel::ShowControlbarButtonTipByInfo(EventKey, TipWindowInfo&) {}
-bool Lorimel::ShowControlbarButtonConfirmTipByInfo(EventKey, ConfirmTipWindowInfo&) {
+void Lorimel::ShowControlbarButtonTip(EventKey, const char* text, bool, int, bool) {
+  bench::Read({text});
+}
+void Lorimel::ShowControlbarButtonTipByInfo(EventKey, TipWindowInfo& info) {
+  bench::Read({info.avatarPath, info.senderName, info.text, info.participantKey});
+}
+bool Lorimel::ShowControlbarButtonConfirmTipByInfo(EventKey, ConfirmTipWindowInfo& info) {
+  bench::Read({info.title, info.text, info.confirmText});
   return true;
 }
 std::uint64_t Lorimel::GetWidgetNativeHandle(void*&) {

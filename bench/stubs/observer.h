@@ -18,10 +18,15 @@ VELLOMAR_LOG_API void ObserveLog(Observer* observer);
 // Gets a line for each record that is pushed and for each other change.
 VELLOMAR_LORIMEL_API void ObserveWidgets(Observer* observer);
 
-// What the plug-in wants to be called back with.
+// Is shown every text that a bar or a tip is given.
+VELLOMAR_LORIMEL_API void ReadTexts(Observer* reader);
+
+// What the plug-in wants to be called back with, and the records of its bar.
 struct WidgetCallbacks {
   VELLOMAR_LORIMEL::EventCallback* on_event = nullptr;
   VELLOMAR_LORIMEL::ShowWindowCallback* on_show_window = nullptr;
+  VELLOMAR_LORIMEL::ClosedCallback* on_closed = nullptr;  // while there is a bar
+  VELLOMAR_LORIMEL::BtnParams* records = nullptr;
 };
 VELLOMAR_LORIMEL_API const WidgetCallbacks& Callbacks();
 

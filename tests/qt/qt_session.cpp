@@ -20,10 +20,6 @@ const bool kOffscreen =
 
 }  // namespace
 
-vellomar_host::EventLoop::Clock::time_point QtSession::Deadline() {
-  return vellomar_host::EventLoop::Clock::now() + std::chrono::seconds(30);
-}
-
 void QtSession::ShowBar(const BarOptions& options) {
   ASSERT_TRUE(kOffscreen);
   Send("setMeetingSubType", {{"type", 1}});
@@ -85,36 +81,35 @@ void QtSession::EnterSubRoom() {
 }
 
 void QtSession::Settle() {
-  EXPECT_TRUE(session.loop().RunUntilIdle(Deadline()));
+  EXPECT_TRUE(session.loop().RunUntilIdle(vellomar_host::EventLoop::Clock::now() +
+                                          std::chrono::seconds(30)));
   session.driver()->pump(0);
   session.driver()->pump(0);  // what a timer of 0 ms has done shows
 }
 
-bool QtSession::IsShown(int key) {
+std::optional<QRect> QtSession::Place(int key) {
   int x = 0;
   int y = 0;
   int width = 0;
   int height = 0;
-  return Lorimel::GetInstance()->GetPositionByEventKey(static_cast<EventKey>(key), x, y, width,
-                                                       height);
+  if (!Lorimel::GetInstance()->GetPositionByEventKey(static_cast<EventKey>(key), x, y, width,
+                                                     height)) {
+    return std::nullopt;
+  }
+  return QRect(x, y, width, height);
 }
 
 QRect QtSession::Area(int key) {
-  int x = 0;
-  int y = 0;
-  int width = 0;
-  int height = 0;
-  EXPECT_TRUE(Lorimel::GetInstance()->GetPositionByEventKey(static_cast<EventKey>(key), x, y, width,
-                                                            height))
-      << key;
-  return {x, y, width, height};
+  const std::optional<QRect> place = Place(key);
+  EXPECT_TRUE(place) << key;
+  return place.value_or(QRect());
 }
 
 std::map<int, QRect> QtSession::ShownButtons() {
   std::map<int, QRect> shown;
   for (int key = 1000; key <= 1091; ++key) {
-    if (IsShown(key)) {
-      shown[key] = Area(key);
+    if (const std::optional<QRect> place = Place(key)) {
+      shown[key] = *place;
     }
   }
   return shown;
@@ -124,15 +119,6 @@ namespace {
 
 bool g_held = false;  // the left button
 int g_time = 0;       // in milliseconds
-
-QWindow* WindowAt(const QPoint& global) {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window->geometry().contains(global) && !window->isHidden()) {
-      return window->windowHandle();
-    }
-  }
-  return nullptr;
-}
 
 void Mouse(QEvent::Type type, QWindow& window, const QPoint& global) {
   const bool moves = type == QEvent::MouseMove;
@@ -152,7 +138,7 @@ int QtSession::Open(int key) {
 }
 
 void QtSession::Click(const QPoint& global) {
-  QWindow* window = WindowAt(global);
+  QWindow* window = QGuiApplication::topLevelAt(global);
   ASSERT_NE(window, nullptr);
   Mouse(QEvent::MouseMove, *window, global);
   Mouse(QEvent::MouseButtonPress, *window, global);
@@ -162,7 +148,7 @@ void QtSession::Click(const QPoint& global) {
 
 void QtSession::Drag(const QPoint& from, const QPoint& to) {
   constexpr int kSteps = 8;
-  QWindow* window = WindowAt(from);
+  QWindow* window = QGuiApplication::topLevelAt(from);
   ASSERT_NE(window, nullptr);
   Mouse(QEvent::MouseButtonPress, *window, from);
   for (int step = 1; step <= kSteps; ++step) {
@@ -222,9 +208,7 @@ QString QtSession::FocusName() {
 }
 
 QString QtSession::FocusedRow() {
-  QWidget* focus = QApplication::focusWidget();
-  QAccessibleInterface* list =
-      focus != nullptr ? QAccessible::queryAccessibleInterface(focus) : nullptr;
+  QAccessibleInterface* list = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
   QAccessibleInterface* row = list != nullptr ? list->focusChild() : nullptr;
   return row != nullptr ? row->text(QAccessible::Name) : QString();
 }
@@ -242,6 +226,26 @@ QPoint QtSession::RowCenter(const std::string& text) {
 
 QImage QtSession::Grab(QWidget& widget) {
   return widget.grab().toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+int QtSession::Count(const QImage& image, const std::function<bool(const QColor&)>& is_so) {
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      count += is_so(image.pixelColor(x, y)) ? 1 : 0;
+    }
+  }
+  return count;
+}
+
+int QtSession::Differences(const QImage& one, const QImage& other) {
+  int different = 0;
+  for (int y = 0; y < one.height(); ++y) {
+    for (int x = 0; x < one.width(); ++x) {
+      different += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) > 40 ? 1 : 0;
+    }
+  }
+  return different;
 }
 
 std::vector<std::string> QtSession::Told() const {

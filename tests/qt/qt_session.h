@@ -16,8 +16,10 @@
 #include <QImage>
 #include <QRect>
 #include <QWidget>
+#include <functional>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -47,9 +49,11 @@ class QtSession : public testing::Test {
   // Runs what is posted and shows what has changed.
   void Settle();
 
-  // In pixels; fails the test where it is not shown.
+  // In pixels; nothing where it is not shown.
+  static std::optional<QRect> Place(int key);
+  // The same; fails the test where it is not shown.
   static QRect Area(int key);
-  static bool IsShown(int key);
+  static bool IsShown(int key) { return Place(key).has_value(); }
   static std::map<int, QRect> ShownButtons();
 
   // The number of rows of the list; -1 where a user could not open it.
@@ -76,6 +80,10 @@ class QtSession : public testing::Test {
   static QPoint RowCenter(const std::string& text);
   static QPoint Center(const QWidget& widget) { return widget.mapToGlobal(widget.rect().center()); }
   static QImage Grab(QWidget& widget);
+  // How many pixels are so.
+  static int Count(const QImage& image, const std::function<bool(const QColor&)>& is_so);
+  // How many pixels are another shade, beyond what rounding does to an edge.
+  static int Differences(const QImage& one, const QImage& other);
 
   // The notifications by name since Forget.
   std::vector<std::string> Told() const;
@@ -86,8 +94,6 @@ class QtSession : public testing::Test {
   QImage Picture(const std::string& name);
 
  private:
-  static vellomar_host::EventLoop::Clock::time_point Deadline();
-
   std::ostringstream lines_;
   vellomar_host::Transcript transcript_{lines_, vellomar_host::Transcript::Form::kNone};
   std::size_t forgotten_ = 0;

@@ -17,8 +17,8 @@ using testing::Not;
 class QtScreensTest : public QtSession {
  protected:
   void SetUp() override {
-    VELLOMAR_LORIMEL::Lorimel::GetInstance();
-  }  // there are screens from now on
+    VELLOMAR_LORIMEL::Lorimel::GetInstance();  // there are screens from now on
+  }
 
   // The screen's origin is the same in pixels and in Qt's units.
   static QRect Pixels(const QScreen& screen) {
@@ -111,13 +111,7 @@ TEST_F(QtScreensTest, PicturesAreAsSharpAsTheScreen) {
   // What was drawn small and enlarged would survive being made small and enlarged again.
   const QImage blurred = shown.scaled(chat->size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                              .scaled(shown.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-  int differ = 0;
-  for (int y = 0; y < shown.height(); ++y) {
-    for (int x = 0; x < shown.width(); ++x) {
-      differ += std::abs(qGray(shown.pixel(x, y)) - qGray(blurred.pixel(x, y))) > 40 ? 1 : 0;
-    }
-  }
-  EXPECT_GT(differ, 50);
+  EXPECT_GT(Differences(shown, blurred), 50);
 }
 
 }  // namespace
