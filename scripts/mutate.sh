@@ -105,50 +105,69 @@ run_tests() {
   done
 }
 
-# tree N: a copy of the sources and its two build folders, brought up to date with the checkout.
+# make_tree N: a copy of the sources, brought up to date with the checkout. Only what differs is
+# written, so that the builds of the last time still hold.
 make_tree() {
   local tree=$work/$1/tree
   mkdir -p "$tree"
-  # Only what differs is written, so that the builds of the last time still hold.
   git ls-files --cached --others --exclude-standard | while read -r file; do
     cmp -s "$file" "$tree/$file" || { mkdir -p "$(dirname "$tree/$file")" && cp -pf "$file" "$tree/$file"; }
   done
-  cmake -S "$tree" -B "$work/$1/plain" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-g0 \
-    >"$work/$1/configure.log" 2>&1
-  cmake -S "$tree" -B "$work/$1/asan" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DVELLOMAR_SANITIZE=ON \
-    -DCMAKE_CXX_FLAGS=-g1 >>"$work/$1/configure.log" 2>&1
 }
 
-# try N FAULT FILE WHY: one fault in tree N; a line to the results.
+# prepare_build N KIND ARGUMENT...: and sees that all tests pass without a fault.
+prepare_build() {
+  local n=$1 kind=$2 told
+  shift 2
+  step "copy $n without a fault, $kind"
+  cmake -S "$work/$n/tree" -B "$work/$n/$kind" -G Ninja -DCMAKE_BUILD_TYPE=Debug "$@" \
+    >"$work/$n/configure.log" 2>&1 || fail "not configured: $work/$n/configure.log"
+  told=$(run_tests "$work/$n/$kind") || fail "the sources do not build: $work/$n/$kind.log"
+  [ -z "$told" ] || fail "the tests fail without a fault: $told"
+}
+
+# try N KIND ID FILE WHY: one fault in copy N; a line to the results, or to those who got through.
 try() {
-  local n=$1 id=$2 file=$3 why=$4 tree=$work/$1/tree told status=0 kind
+  local build=$work/$1/$2 id=$3 file=$4 why=$5 tree=$work/$1/tree told status=0 result=noticed
   if ! told=$(apply "$id" "$file" "$tree" 2>&1); then
-    kind='does not apply'
+    result='does not apply'
   else
-    told=$(run_tests "$work/$n/plain") || status=$?
-    if [ $status -eq 0 ] && [ -z "$told" ]; then told=$(run_tests "$work/$n/asan") || status=$?; fi
+    told=$(run_tests "$build") || status=$?
     if [ $status -ne 0 ]; then
-      kind='does not compile' told=$(grep -m 1 -E 'error:' "$work/$n/plain.log" || true)
-    elif [ -n "$told" ]; then
-      kind=noticed
-    else
-      kind='not noticed'
+      result='does not compile' told=$(grep -m 1 -E 'error:' "$build.log" || true)
+    elif [ -z "$told" ]; then
+      result='not noticed'
     fi
     cp -p "$root/$file" "$tree/$file" && touch "$tree/$file"
   fi
-  printf '%s\t%s\t%s\t%s\t%s\n' "$id" "$file" "$kind" "$why" "$told" >>"$work/results"
-  printf '%-16s %-12s %s: %s%s\n' "$kind" "$id" "$file" "$why" "${told:+ ($told)}"
+  printf '%-16s %-12s %s: %s%s\n' "$result" "$id" "$file" "$why" "${told:+ ($told)}"
+  if [ "$result" = 'not noticed' ]; then
+    printf '%s\t%s\t%s\n' "$id" "$file" "$why" >>"$work/through"
+  else
+    printf '%s\t%s\t%s\t%s\t%s\n' "$id" "$file" "$result" "$why" "$told" >>"$work/results"
+  fi
 }
 
-# worker N: takes faults from the queue until it is empty.
+# worker N KIND: takes faults from the queue until it is empty.
 worker() {
   local line id file why
   while :; do
     line=$(flock "$work/lock" sh -c 'head -n 1 "$1"; sed -i 1d "$1"' sh "$work/queue")
     [ -n "$line" ] || return 0
     IFS=$'\t' read -r id file why <<<"$line"
-    try "$1" "$id" "$file" "$why"
+    try "$1" "$2" "$id" "$file" "$why"
   done
+}
+
+# run_queue KIND: all copies at once. What gets through is in "$work/through" then.
+run_queue() {
+  local n
+  step "$(wc -l <"$work/queue") faults, $at_once at a time, $1"
+  : >"$work/through"
+  trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
+  for n in $(seq "$at_once"); do worker "$n" "$1" & done
+  wait
+  trap - EXIT
 }
 
 split_faults
@@ -172,24 +191,22 @@ if [ -n "$list" ]; then
   exit
 fi
 
-need_packages windows
-export LSAN_OPTIONS=print_suppressions=0
+need_packages
 for n in $(seq "$at_once"); do
-  step "making copy $n of the sources"
   make_tree "$n"
+  prepare_build "$n" plain -DCMAKE_CXX_FLAGS=-g0
 done
-for n in $(seq "$at_once"); do
-  step "copy $n without a fault"
-  for build in plain asan; do
-    told=$(run_tests "$work/$n/$build") || fail "the sources do not build: $work/$n/$build.log"
-    [ -z "$told" ] || fail "the tests fail without a fault: $told"
+run_queue plain
+if [ -s "$work/through" ]; then  # reads of memory that is gone are seen by the sanitizers alone
+  for n in $(seq "$at_once"); do
+    prepare_build "$n" asan -DVELLOMAR_SANITIZE=ON -DCMAKE_CXX_FLAGS=-g1
   done
-done
-step "$(wc -l <"$work/queue") faults, $at_once at a time"
-trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
-for n in $(seq "$at_once"); do worker "$n" & done
-wait
-trap - EXIT
+  cp "$work/through" "$work/queue"
+  run_queue asan
+  while IFS=$'\t' read -r id file why; do
+    printf '%s\t%s\tnot noticed\t%s\t\n' "$id" "$file" "$why" >>"$work/results"
+  done <"$work/through"
+fi
 
 # Score: by the folder below src/.
 say

@@ -124,28 +124,7 @@ TEST_F(ButtonRecordsTest, SettersByNameIgnoreTheirKey) {
   EXPECT_TRUE(recording_log::Contains("SetButtonIconPath 1014 some.icon"));
 }
 
-TEST_F(ButtonRecordsTest, ASecondTextMapRewritesLabelsAndStatuses) {
-  InstallTexts();
-  data.SetEventKeyParams(Key(1001), 32);
-  data.InitTextMapping({10001}, {"Ton"});
-  EXPECT_EQ(Text(1001), "Ton");
-  EXPECT_EQ(Text(1002), "(null)");
-  EXPECT_EQ(data.GetEventKeyStatus(Key(1001)), 0);
-}
-
-TEST_F(ButtonRecordsTest, MismatchedListsChangeNothing) {
-  InstallTexts();
-  data.InitTextMapping({10001, 10002}, {"a", "b", "c"});
-  EXPECT_EQ(recording_log::Texts(5), std::vector<std::string>{"[Controlbar] text mapping error!"});
-  EXPECT_EQ(Text(1001), "10001");
-  data.InitTextMapping({}, {});
-  EXPECT_EQ(Text(1001), "(null)");
-}
-
 TEST_F(ButtonRecordsTest, LookUpTellsNoTextFromAnUnknownOne) {
-  data.InitTextMapping({10001, 10001}, {"A", "B"});
-  EXPECT_STREQ(data.GetNativeText(10001), "A") << "the first of two texts stays";
-  recording_log::Clear();
   EXPECT_EQ(data.GetNativeText(kNoText), nullptr);
   EXPECT_EQ(data.GetNativeText(5), nullptr);
   EXPECT_THAT(recording_log::Texts(3), Contains(StrEq("Invalid textid: 18446744073709551615.")));
