@@ -24,7 +24,7 @@ Program::Program(const QString& program, const QStringList& arguments) {
   setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
   start(program, arguments);
   if (!waitForStarted(kLongest)) {
-    Fail(program + QStringLiteral(" does not start: ") + errorString());
+    Fail(program + " does not start: " + errorString());
   }
 }
 
@@ -43,7 +43,7 @@ QString Program::ReadLineWith(const QString& text) {
       }
     }
     if (!waitForReadyRead(static_cast<int>(deadline.remainingTime()))) {
-      Fail(program() + QStringLiteral(" has not printed: ") + text);
+      Fail(program() + " has not printed: " + text);
     }
   }
 }
@@ -52,24 +52,20 @@ void Start() {
   // Takes a free display. Keys do not repeat themselves: a loaded machine may hold one for long.
   // Never deleted: a server that goes before its clients makes them fail.
   static auto* const server =
-      new Program(QStringLiteral("Xvfb"),
-                  {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                   QStringLiteral("0"), QStringLiteral("1920x1080x24"), QStringLiteral("-dpi"),
-                   QStringLiteral("96"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
-                   QStringLiteral("-noreset"), QStringLiteral("-r")});
+      new Program("Xvfb", {"-displayfd", "1", "-screen", "0", "1920x1080x24", "-dpi", "96",
+                           "-nolisten", "tcp", "-noreset", "-r"});
   qputenv("DISPLAY", ":" + server->ReadLineWith(QString()).toUtf8());
   qputenv("QT_QPA_PLATFORM", "xcb");
   qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");  // or the user's desktop is told of the windows
   // With the system's settings, not the user's. It calls itself in charge of the windows before it
   // takes requests to show some, and loses the first ones; the program for its startup runs later.
   static auto* const manager = new Program(
-      QStringLiteral("openbox"), {QStringLiteral("--sm-disable"), QStringLiteral("--config-file"),
-                                  QStringLiteral("/etc/xdg/openbox/rc.xml"),
-                                  QStringLiteral("--startup"), QStringLiteral("echo started")});
-  manager->ReadLineWith(QStringLiteral("started"));
+      "openbox",
+      {"--sm-disable", "--config-file", "/etc/xdg/openbox/rc.xml", "--startup", "echo started"});
+  manager->ReadLineWith("started");
   // The first key makes the server switch keyboards, whereupon the window manager binds its keys
   // anew and misses those that come meanwhile.
-  Run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("shift")});
+  Xdotool({"key", "shift"});
   AwaitWindowManager();
 }
 
@@ -77,8 +73,7 @@ QString Run(const QString& program, const QStringList& arguments) {
   Program running(program, arguments);
   if (!running.waitForFinished(kLongest) || running.exitStatus() != QProcess::NormalExit ||
       running.exitCode() != 0) {
-    Fail(program + QLatin1Char(' ') + arguments.join(QLatin1Char(' ')) +
-         QStringLiteral(" has failed"));
+    Fail(program + ' ' + arguments.join(' ') + " has failed");
   }
   return QString::fromUtf8(running.readAllStandardOutput());
 }
@@ -89,11 +84,11 @@ void AwaitWindowManager() {
   static int desktops = 1;
   desktops = desktops == 2 ? 3 : 2;
   const QString number = QString::number(desktops);
-  Run(QStringLiteral("xdotool"), {QStringLiteral("set_num_desktops"), number});
+  Xdotool({"set_num_desktops", number});
   const QDeadlineTimer deadline(kLongest);
-  while (Run(QStringLiteral("xdotool"), {QStringLiteral("get_num_desktops")}).trimmed() != number) {
+  while (Xdotool({"get_num_desktops"}) != number) {
     if (deadline.hasExpired()) {
-      Fail(QStringLiteral("the window manager takes no requests"));
+      Fail("the window manager takes no requests");
     }
   }
 }

@@ -3,7 +3,7 @@
 // pixels that shows nothing, and a window manager. Both end with the process, however it ends.
 //
 //     desktop::Start();
-//     desktop::Run("xdotool", {"key", "Tab"});
+//     desktop::Xdotool({"key", "Tab"});
 #pragma once
 
 #include <QProcess>
@@ -17,6 +17,11 @@ void Start();
 
 // What the program has printed. Throws std::runtime_error unless it ends, and well.
 QString Run(const QString& program, const QStringList& arguments);
+
+// Moves and presses pointer and keyboard, and asks for windows.
+inline QString Xdotool(const QStringList& arguments) {
+  return Run("xdotool", arguments).trimmed();
+}
 
 // Returns when the window manager has done what it was asked for until now.
 void AwaitWindowManager();

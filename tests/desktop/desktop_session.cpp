@@ -13,22 +13,11 @@ using testing::Contains;
 
 namespace {
 
-QWidget* WindowWithRole(QAccessible::Role role, const QWidget* but) {
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->isVisible() && window != but &&
-        QAccessible::queryAccessibleInterface(window)->role() == role) {
-      return window;
-    }
-  }
-  return nullptr;
-}
-
 // Where the window system has it, which the window itself may not know yet.
 QPoint PlaceOf(const QWidget& window) {
-  const QString told = desktop::Run(
-      QStringLiteral("xwininfo"), {QStringLiteral("-id"), QString::number(window.internalWinId())});
+  const QString told = desktop::Run("xwininfo", {"-id", QString::number(window.internalWinId())});
   const auto number = [&told](const char* name) {
-    return told.section(QLatin1String(name), 1).section(QLatin1Char('\n'), 0, 0).toInt();
+    return told.section(name, 1).section('\n', 0, 0).toInt();
   };
   return {number("Absolute upper-left X:"), number("Absolute upper-left Y:")};
 }
@@ -59,61 +48,25 @@ void DesktopTest::ExpectTold(const char* name, const json& payload) {
   EXPECT_TRUE(Eventually(came)) << name << payload << ", but " << testing::PrintToString(Told());
 }
 
-void DesktopTest::ShowBar() {
-  QtSession::ShowBar();
+void DesktopTest::ShowBars() {
+  ShowBar();
   ASSERT_EQ(QGuiApplication::platformName(), "xcb");
+  Send("showSketchControlbar", {{"show", true}});
   UserPointsAt(*BarWidget(), Handle(*BarWidget()));
 }
 
-void DesktopTest::ShowBarWithLists() {
-  ShowBar();
-  Send("setMeetingSubType", {{"type", 3}});  // what the clear list of the sketch bar needs
-  Send("setButtonVisible", {{"key", "SharingOptions"}, {"visible", true}});
-  SendParticipants(3);
-  Send("setAudioAndPlaybackInfo",
-       {{"microphones", {{{"id", "mic-1"}, {"name", "Built-in Microphone"}}}},
-        {"currentMicrophoneId", "mic-1"},
-        {"speakers", {{{"id", "spk-1"}, {"name", "Built-in Speakers"}}}},
-        {"currentSpeakerId", "spk-1"}});
-  Send("setCameraInfo", {{"cameras",
-                          {{{"id", "cam-1"}, {"name", "Front Camera"}},
-                           {{"id", "cam-2"}, {"name", "Document Camera"}}}},
-                         {"currentCameraId", "cam-1"}});
-  Send("setInterpretationEnable", {{"enable", true}});
-  Send("setInterpretationInfo", {{"languages", {{{"id", "de"}, {"name", "Deutsch"}}}},
-                                 {"currentLanguageId", "de"},
-                                 {"first", false},
-                                 {"second", false},
-                                 {"canManage", true}});
-  Send("showSketchControlbar", {{"show", true}});
-}
-
-QWidget* DesktopTest::List() {
-  return WindowWithRole(QAccessible::PopupMenu, nullptr);
-}
-
-QWidget* DesktopTest::SketchBar() {
-  return WindowWithRole(QAccessible::ToolBar, BarWidget());
-}
-
-std::vector<QWidget*> DesktopTest::Openers(const QWidget& bar) {
-  std::vector<QWidget*> openers;
-  for (QWidget* control : bar.findChildren<QWidget*>()) {
-    if (control->isVisible() && control->isEnabled() && control->focusPolicy() != Qt::NoFocus &&
-        QAccessible::queryAccessibleInterface(control)->state().hasPopup) {
-      openers.push_back(control);
-    }
-  }
-  return openers;
-}
-
-QWidget* DesktopTest::OpenerOf(int key) {
-  for (QWidget* opener : Openers(*BarWidget())) {
-    if (Area(key).contains(Center(*opener))) {
-      return opener;
+QWidget* DesktopTest::OtherWindow(QAccessible::Role role) {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window != BarWidget() &&
+        QAccessible::queryAccessibleInterface(window)->role() == role) {
+      return window;
     }
   }
   return nullptr;
+}
+
+void DesktopTest::AwaitList() {
+  ASSERT_TRUE(Eventually([] { return List() != nullptr && List()->isActiveWindow(); }));
 }
 
 void DesktopTest::UserPointsAt(const QWidget& widget, const QPoint& at) {
@@ -125,8 +78,7 @@ void DesktopTest::UserPointsAt(const QWidget& widget, const QPoint& at) {
   })) << "something else is there: "
       << widget.accessibleName().toStdString();
   const QPoint point = widget.mapToGlobal(at);
-  desktop::Run(QStringLiteral("xdotool"), {QStringLiteral("mousemove"), QString::number(point.x()),
-                                           QString::number(point.y())});
+  desktop::Xdotool({"mousemove", QString::number(point.x()), QString::number(point.y())});
   ASSERT_TRUE(Eventually([&widget] { return widget.underMouse(); }))
       << "the pointer is not noticed: " << widget.accessibleName().toStdString();
 }
@@ -134,25 +86,25 @@ void DesktopTest::UserPointsAt(const QWidget& widget, const QPoint& at) {
 void DesktopTest::UserClicks(const QWidget& widget, const QPoint& at) {
   UserPointsAt(widget, at);
   AwaitRest();
-  desktop::Run(QStringLiteral("xdotool"), {QStringLiteral("click"), QStringLiteral("1")});
+  desktop::Xdotool({"click", "1"});
 }
 
 void DesktopTest::UserDragsBar(const QPoint& by) {
   constexpr int kSteps = 8;
   UserPointsAt(*BarWidget(), Handle(*BarWidget()));
   const QPoint from = BarWidget()->mapToGlobal(Handle(*BarWidget()));
-  QStringList arguments = {QStringLiteral("mousedown"), QStringLiteral("1")};
+  QStringList arguments = {"mousedown", "1"};
   for (int step = 1; step <= kSteps; ++step) {
     const QPoint point = from + by * step / kSteps;
-    arguments << QStringLiteral("mousemove") << QString::number(point.x())
-              << QString::number(point.y());
+    arguments << "mousemove" << QString::number(point.x()) << QString::number(point.y());
   }
-  arguments << QStringLiteral("mouseup") << QStringLiteral("1");
-  desktop::Run(QStringLiteral("xdotool"), arguments);
+  arguments << "mouseup"
+            << "1";
+  desktop::Run("xdotool", arguments);
 }
 
 void DesktopTest::UserPicks(const std::string& row) {
-  ASSERT_TRUE(Eventually([] { return List() != nullptr && List()->isActiveWindow(); }));
+  AwaitList();
   UserClicks(*List(), List()->mapFromGlobal(RowCenter(row)));
 }
 
@@ -164,7 +116,7 @@ void DesktopTest::AwaitFocus(const QWidget& window) {
 
 void DesktopTest::UserPresses(const QWidget& window, const char* key) {
   AwaitFocus(window);
-  desktop::Run(QStringLiteral("xdotool"), {QStringLiteral("key"), QString::fromLatin1(key)});
+  desktop::Xdotool({"key", QString::fromLatin1(key)});
 }
 
 void DesktopTest::UserTabsTo(const QWidget& control) {
@@ -172,7 +124,7 @@ void DesktopTest::UserTabsTo(const QWidget& control) {
   AwaitFocus(*control.window());
   for (int i = 0; i < kMost && QApplication::focusWidget() != &control; ++i) {
     const QWidget* before = QApplication::focusWidget();
-    desktop::Run(QStringLiteral("xdotool"), {QStringLiteral("key"), QStringLiteral("Tab")});
+    desktop::Xdotool({"key", "Tab"});
     ASSERT_TRUE(Eventually([&] { return QApplication::focusWidget() != before; }));
   }
   ASSERT_EQ(QApplication::focusWidget(), &control) << control.accessibleName().toStdString();

@@ -4,7 +4,7 @@
 // and the tests wait for what has to come of it: nothing waits for a time.
 //
 //     TEST_F(DesktopTest, ...) {
-//       ShowBar();
+//       ShowBars();
 //       UserClicks(*Named("Audio"));
 //       ExpectTold("muteAudio", {{"mute", true}});
 //     }
@@ -26,16 +26,13 @@ class DesktopTest : public QtSession {
   // The notification comes, or has come since Forget, with this payload.
   void ExpectTold(const char* name, const json& payload = json::object());
 
-  void ShowBar();
-  // With the sketch bar, and devices, people and languages for every drop-down window.
-  void ShowBarWithLists();
-
+  // The bar and the sketch bar.
+  void ShowBars();
   // Null where there is none.
-  static QWidget* List();
-  static QWidget* SketchBar();
-  // The controls that open a drop-down window, and the one of this button.
-  static std::vector<QWidget*> Openers(const QWidget& bar);
-  static QWidget* OpenerOf(int key);
+  static QWidget* List() { return OtherWindow(QAccessible::PopupMenu); }
+  static QWidget* SketchBar() { return OtherWindow(QAccessible::ToolBar); }
+  // A list is open and has the focus.
+  void AwaitList();
   // Where a bar is bare: left of its first button.
   static QPoint Handle(const QWidget& bar) { return {3, bar.height() / 2}; }
 
@@ -52,4 +49,7 @@ class DesktopTest : public QtSession {
   void UserPresses(const QWidget& window, const char* key);
   // Presses Tab until the control has the focus.
   void UserTabsTo(const QWidget& control);
+
+ private:
+  static QWidget* OtherWindow(QAccessible::Role role);
 };

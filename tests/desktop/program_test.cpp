@@ -9,22 +9,22 @@
 namespace {
 
 TEST(DesktopProgramTest, TheBarStaysUntilTheUserStopsSharing) {
-  const QString scenario = QStringLiteral(VELLOMAR_SCENARIOS "/first-share.json");
-  const QString pictures = QStringLiteral(VELLOMAR_PICTURES "/desktop");
+  const QString scenario = VELLOMAR_SCENARIOS "/first-share.json";
+  const QString pictures = VELLOMAR_PICTURES "/desktop";
   desktop::Program host(VELLOMAR_CONTROLBAR_HOST,
                         {"play", scenario, "--widgets", "qt", "--out", pictures});
   host.ReadLineWith("until the user stops sharing");
   const QString bar =
-      desktop::Run("xdotool", {"search", "--sync", "--onlyvisible", "--name", "Weekly planning"})
+      desktop::Xdotool({"search", "--sync", "--onlyvisible", "--name", "Weekly planning"})
           .trimmed();
   EXPECT_EQ(host.state(), QProcess::Running);
-  desktop::Run("xdotool", {"windowactivate", bar});
+  desktop::Xdotool({"windowactivate", bar});
   const QDeadlineTimer deadline(std::chrono::minutes(1));
-  while (desktop::Run("xdotool", {"getwindowfocus"}).trimmed() != bar) {
+  while (desktop::Xdotool({"getwindowfocus"}) != bar) {
     ASSERT_FALSE(deadline.hasExpired()) << "the bar does not get the focus";
   }
   // The last three controls: stop, leave, collapse.
-  desktop::Run("xdotool", {"key", "End", "Left", "Left", "space"});
+  desktop::Xdotool({"key", "End", "Left", "Left", "space"});
   host.ReadLineWith("stopSharing");
   host.ReadLineWith("controlbarClosed");
   EXPECT_TRUE(host.waitForFinished());

@@ -119,16 +119,6 @@ TEST_F(QtListTest, TheHostIsToldOfTheRealWindow) {
   EXPECT_THAT(Told(), Not(Contains("controlbarClosed")));
 }
 
-TEST_F(QtListTest, SketchListsFitOnTheScreen) {
-  ShowBar();
-  Send("setMeetingSubType", {{"type", 3}});
-  Send("showSketchControlbar", {{"show", true}});
-  for (const int key : {1045, 1046, 1048}) {
-    ASSERT_GT(Open(key), 0);
-    EXPECT_TRUE(IsOnTheScreen(*QApplication::focusWidget()->window())) << key;
-  }
-}
-
 TEST_F(QtListTest, TipsStayUntilTheyAreClosedOrTheirTimeIsOver) {
   ShowBar();
   ShowTip("MuteAudio", "You are muted", true);
