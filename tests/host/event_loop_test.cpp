@@ -20,124 +20,111 @@ namespace {
 using std::chrono::hours;
 using std::chrono::milliseconds;
 
-EventLoop::Clock::time_point Soon() {
-  return EventLoop::Clock::now() + std::chrono::seconds(20);
+void AppendDot(void* context) {
+  static_cast<std::string*>(context)->push_back('.');
 }
 
-TEST(EventLoop, RunsPostedTasksInOrderAndWhatTheyPostAfterThem) {
+class EventLoopTest : public testing::Test {
+ protected:
+  static EventLoop::Clock::time_point Soon() {
+    return EventLoop::Clock::now() + std::chrono::seconds(20);
+  }
+
+  EventLoop::Task Add(char letter) {
+    return [this, letter] { order += letter; };
+  }
+
+  bool RunUntilIdle() { return loop.RunUntilIdle(Soon()); }
+
+  bool RunUntilLetters(std::size_t count) {
+    return loop.RunUntil([&] { return order.size() >= count; }, Soon());
+  }
+
+  std::string order;  // of what ran, a letter each
   EventLoop loop;
-  std::string order;
-  loop.Post([&] {
+};
+
+TEST_F(EventLoopTest, RunsPostedTasksInOrderAndWhatTheyPostAfterThem) {
+  EventLoop::Id self = 0;
+  EventLoop::Id cancelled = 0;
+  self = loop.Post([&] {
     order += 'a';
-    loop.Post([&] { order += 'c'; });
+    loop.Post(Add('c'));
+    for (const EventLoop::Id id : {self, cancelled, EventLoop::Id{12345}}) loop.Cancel(id);
   });
-  loop.Post([&] { order += 'b'; });
-  EXPECT_TRUE(loop.RunUntilIdle(Soon()));
+  cancelled = loop.Post(Add('x'));
+  loop.Post(Add('b'));
+  EXPECT_TRUE(RunUntilIdle());
   EXPECT_EQ(order, "abc");
 }
 
-TEST(EventLoop, CancelsFromInsideATask) {
-  EventLoop loop;
-  std::string order;
-  EventLoop::Id self = 0;
-  EventLoop::Id next = 0;
-  self = loop.Post([&] {
-    order += 'a';
-    loop.Cancel(self);
-    loop.Cancel(next);
-    loop.Cancel(12345);
-  });
-  next = loop.Post([&] { order += 'b'; });
-  loop.Post([&] { order += 'c'; });
-  EXPECT_TRUE(loop.RunUntilIdle(Soon()));
-  EXPECT_EQ(order, "ac");
-}
-
-TEST(EventLoop, RunsDelayedTasksByDueTimeThenInOrder) {
-  EventLoop loop;
-  std::string order;
-  loop.PostDelayed(hours(1), [&] { order += 'x'; });
-  const auto cancelled = loop.PostDelayed(milliseconds(0), [&] { order += 'y'; });
-  loop.PostDelayed(milliseconds(0), [&] { order += 'a'; });
-  loop.PostDelayed(milliseconds(1), [&] { order += 'b'; });
-  loop.PostDelayed(EventLoop::Milliseconds::max(), [&] { order += 'z'; });
+TEST_F(EventLoopTest, RunsDelayedTasksByDueTimeThenInOrder) {
+  loop.PostDelayed(hours(1), Add('x'));
+  const auto cancelled = loop.PostDelayed(milliseconds(0), Add('y'));
+  loop.PostDelayed(milliseconds(0), Add('a'));
+  loop.PostDelayed(milliseconds(1), Add('b'));
+  loop.PostDelayed(EventLoop::Milliseconds::max(), Add('z'));
   loop.Cancel(cancelled);
-  EXPECT_TRUE(loop.RunUntil([&] { return order.size() == 2; }, Soon()));
+  EXPECT_TRUE(RunUntilLetters(2));
   EXPECT_EQ(order, "ab");
 }
 
-TEST(EventLoop, RepeatsATimerUntilItStopsItself) {
-  EventLoop loop;
-  int calls = 0;
+TEST_F(EventLoopTest, RepeatsATimerUntilItStopsItself) {
   // The callable must outlive the call that cancels it.
   auto kept = std::make_shared<int>(0);
   EventLoop::Id timer = 0;
   timer = loop.StartTimer(milliseconds(0), [&, kept] {
-    ++calls;
-    if (calls == 3) loop.Cancel(timer);
+    order += '.';
+    if (order == "...") loop.Cancel(timer);
     ++*kept;
   });
-  EXPECT_TRUE(loop.RunUntil([&] { return calls == 3; }, Soon()));
+  EXPECT_TRUE(RunUntilLetters(3));
   EXPECT_EQ(*kept, 3);
   EXPECT_EQ(kept.use_count(), 1);
 }
 
-TEST(EventLoop, CallsObserversEveryTurnUntilRemoved) {
-  EventLoop loop;
-  std::string order;
+TEST_F(EventLoopTest, CallsObserversEveryTurnUntilRemoved) {
   EventLoop::Id once = 0;
   once = loop.AddObserver([&] {
     order += '1';
     loop.RemoveObserver(once);
   });
-  loop.AddObserver([&] { order += '2'; });
-  EXPECT_TRUE(loop.RunUntilIdle(Soon()));
-  EXPECT_TRUE(loop.RunUntilIdle(Soon()));
+  loop.AddObserver(Add('2'));
+  EXPECT_TRUE(RunUntilIdle());
+  EXPECT_TRUE(RunUntilIdle());
   EXPECT_EQ(order, "122");
 }
 
-TEST(EventLoop, StaysUsableAfterATaskThatThrows) {
-  EventLoop loop;
-  int runs = 0;
+TEST_F(EventLoopTest, StaysUsableAfterATaskThatThrows) {
   loop.Post([] { throw std::runtime_error("expected"); });
-  loop.Post([&] { ++runs; });
-  EXPECT_THROW(loop.RunUntilIdle(Soon()), std::runtime_error);
-  EXPECT_TRUE(loop.RunUntilIdle(Soon()));
-  EXPECT_EQ(runs, 1);
+  loop.Post(Add('a'));
+  EXPECT_THROW(RunUntilIdle(), std::runtime_error);
+  EXPECT_TRUE(RunUntilIdle());
+  EXPECT_EQ(order, "a");
 }
 
-TEST(EventLoop, GivesUpOnATaskThatPostsItselfForEver) {
-  EventLoop loop;
+TEST_F(EventLoopTest, GivesUpOnATaskThatPostsItselfForEver) {
   std::function<void()> again = [&] { loop.Post(again); };
   again();
   EXPECT_FALSE(loop.RunUntilIdle(EventLoop::Clock::now()));
 }
 
-TEST(EventLoop, RunsSyncOnItsOwnThread) {
-  EventLoop loop;
-  std::thread::id here;
-  loop.RunSync([&] { here = std::this_thread::get_id(); });
-  EXPECT_EQ(here, std::this_thread::get_id());
+TEST_F(EventLoopTest, RunsSyncOnItsOwnThread) {
+  loop.RunSync(Add('a'));
+  EXPECT_EQ(order, "a");
 
   std::thread::id ran_on;
-  std::string thrown;
-  std::thread other([&] {
+  auto other = std::async(std::launch::async, [&] {
     loop.RunSync([&] { ran_on = std::this_thread::get_id(); });
-    try {
-      loop.RunSync([] { throw std::runtime_error("expected"); });
-    } catch (const std::runtime_error& error) {
-      thrown = error.what();
-    }
+    EXPECT_THROW(loop.RunSync([] { throw std::runtime_error("expected"); }), std::runtime_error);
     loop.Quit();
   });
   loop.Run();
-  other.join();
+  other.get();
   EXPECT_EQ(ran_on, std::this_thread::get_id());
-  EXPECT_EQ(thrown, "expected");
 }
 
-TEST(EventLoop, ReleasesSyncCallersWhenItsTasksAreForgotten) {
-  EventLoop loop;
+TEST_F(EventLoopTest, ReleasesSyncCallersWhenItsTasksAreForgotten) {
   std::promise<void> posted;
   loop.SetWaiting({[](std::int32_t) {}, [&] { posted.set_value(); }});
   auto caller = std::async(std::launch::async, [&] { loop.RunSync([] {}); });
@@ -146,24 +133,18 @@ TEST(EventLoop, ReleasesSyncCallersWhenItsTasksAreForgotten) {
   EXPECT_THROW(caller.get(), HostError);
 }
 
-TEST(EventLoop, TakesPostsFromManyThreads) {
-  constexpr int kThreads = 4;
-  constexpr int kPosts = 500;
-  EventLoop loop;
-  int runs = 0;
-  std::vector<std::thread> threads;
-  threads.reserve(kThreads);
-  for (int i = 0; i < kThreads; ++i) {
-    threads.emplace_back([&] {
-      for (int k = 0; k < kPosts; ++k) loop.Post([&] { ++runs; });
-    });
-  }
-  EXPECT_TRUE(loop.RunUntil([&] { return runs == kThreads * kPosts; }, Soon()));
-  for (auto& thread : threads) thread.join();
+TEST_F(EventLoopTest, TakesPostsFromOtherThreads) {
+  const auto post = [&] {
+    for (int i = 0; i < 1000; ++i) loop.Post(Add('.'));
+  };
+  std::thread one(post);
+  std::thread two(post);
+  EXPECT_TRUE(RunUntilLetters(2000));
+  one.join();
+  two.join();
 }
 
-TEST(EventLoop, WaitsWithTheStrategyThatIsPutIn) {
-  EventLoop loop;
+TEST_F(EventLoopTest, WaitsWithTheStrategyThatIsPutIn) {
   std::vector<std::int32_t> waits;
   int wakes = 0;
   loop.SetWaiting({[&](std::int32_t max_ms) {
@@ -180,40 +161,28 @@ TEST(EventLoop, WaitsWithTheStrategyThatIsPutIn) {
   EXPECT_LE(waits[1], 500) << "a delayed task gets due";
 }
 
-void Append(void* context) {
-  static_cast<std::string*>(context)->push_back('.');
-}
-
-TEST(EventLoopTable, ActsOnTheLoopAndOutlivesIt) {
-  std::string calls;
+TEST_F(EventLoopTest, TheTableActsOnTheLoopAndOutlivesIt) {
   const EventLoopTable* table = nullptr;
   {
-    EventLoop loop;
-    table = loop.Table();
-    table->postFn(Append, &calls);
-    table->postAlt1Fn(Append, &calls);
-    table->postAlt2Fn(Append, &calls);
-    table->cancelTaskFn(table->postFn(Append, &calls));
-    table->cancelTaskFn(table->postAlt1Fn(Append, &calls));
-    table->cancelAlt2Fn(table->postAlt2Fn(Append, &calls));
-    table->cancelDelayedFn(table->postDelayedFn(0, Append, &calls));
-    table->stopTimerFn(table->startTimerFn(0, Append, &calls));
-    table->postDelayedFn(UINT64_MAX, Append, &calls);
-    EXPECT_TRUE(loop.RunUntilIdle(Soon()));
-    EXPECT_EQ(calls, "...");
-    table->runSyncFn(Append, &calls);
-    EXPECT_NE(table->runSyncAltFn(Append, &calls), 0U);
-    EXPECT_EQ(calls, ".....");
-    const auto observer = table->addObserverFn(Append, &calls);
-    EXPECT_TRUE(loop.RunUntilIdle(Soon()));
-    table->removeObserverFn(observer);
-    EXPECT_TRUE(loop.RunUntilIdle(Soon()));
-    EXPECT_EQ(calls, "......");
+    EventLoop short_lived;
+    table = short_lived.Table();
+    for (const auto post : {table->postFn, table->postAlt1Fn, table->postAlt2Fn}) {
+      post(AppendDot, &order);
+      table->cancelTaskFn(post(AppendDot, &order));
+    }
+    table->cancelDelayedFn(table->postDelayedFn(0, AppendDot, &order));
+    table->stopTimerFn(table->startTimerFn(0, AppendDot, &order));
+    table->postDelayedFn(UINT64_MAX, AppendDot, &order);
+    table->removeObserverFn(table->addObserverFn(AppendDot, &order));
+    short_lived.PostDelayed(milliseconds(2), Add('|'));  // the timer would run before
+    EXPECT_TRUE(short_lived.RunUntil([&] { return order.ends_with('|'); }, Soon()));
+    EXPECT_EQ(order, "...|");
+    EXPECT_NE(table->runSyncAltFn(AppendDot, &order), 0U);
   }
-  EXPECT_EQ(table->postFn(Append, &calls), 0U);
+  EXPECT_EQ(table->postFn(AppendDot, &order), 0U);
   table->cancelTaskFn(1);
-  table->runSyncFn(Append, &calls);
-  EXPECT_EQ(calls, "......");
+  table->runSyncFn(AppendDot, &order);
+  EXPECT_EQ(order, "...|.");
 }
 
 }  // namespace

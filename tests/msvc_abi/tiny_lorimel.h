@@ -1,46 +1,30 @@
-/* SPDX-License-Identifier: MIT */
-/* What the tiny widget library has been given, for the test that loads it. Plain C: the library is
- * compiled for the Microsoft C++ ABI, the test for MinGW's, and only the interface of the widget
- * library itself is for both. */
-#ifndef TINY_LORIMEL_H
-#define TINY_LORIMEL_H
+// SPDX-License-Identifier: MIT
+// What the tiny widget library has been given, for the test that loads it. The library is compiled
+// for the Microsoft C++ ABI, the test for MinGW's: besides the class, only plain records and C
+// functions pass between them.
+#pragma once
 
-#include <stdint.h>
+#include "vellomar/command_records.h"
+#include "vellomar/lorimel.h"
 
-enum { kTinyTextSize = 64, kTinyPushes = 256 };
+struct TinyReceived {
+  int wrongThis;  // calls of members with another `this` than GetInstance answered
 
-/* A record as it lay in memory. */
-typedef struct TinyRecord {
-  unsigned char bytes[56];
-  char text[kTinyTextSize]; /* what its label pointed to */
-} TinyRecord;
-
-typedef struct TinyReceived {
-  int32_t wrongThis; /* calls of members with another `this` than GetInstance answered */
-
-  char title[kTinyTextSize];
-  int64_t x, y, width, height;
-  int32_t paramsCount, type;
-  uint8_t unused, simplify;
-  TinyRecord first, last; /* of the array */
+  char title[32];
+  VellomarRect display;
+  int count, type;
+  VELLOMAR_LORIMEL::BtnParams first, last;  // of the bar's records
 
   void* shownHandle;
-  uint8_t shown;
+  bool shown;
   uint64_t duration;
-  int32_t volume;
-  int32_t tipKey, tipNumber;
-  char tip[kTinyTextSize];
-  uint8_t tipFlagA, tipFlagC;
+  int volume;
+  VELLOMAR_LORIMEL::BtnParams pushed;  // the latest; the plug-in keeps its texts
+};
 
-  int32_t pushes;
-  TinyRecord pushed[kTinyPushes]; /* in order; further ones are counted only */
-} TinyReceived;
-
-/* Exports of the library, besides the class. */
-typedef const TinyReceived* TinyGetReceived(void);
-/* The user presses the button: the plug-in's event callback is called with the record. */
-typedef void TinyPress(int32_t key, int32_t status);
-/* Opens a list: answers its length and copies the label of its last row. */
-typedef int32_t TinyOpen(int32_t key, char* lastText);
-
-#endif /* TINY_LORIMEL_H */
+// Exports of the library, besides the class.
+using TinyGetReceived = const TinyReceived*();
+// The user presses the button: the plug-in's event callback is called with the record.
+using TinyPress = void(int32_t key);
+// The user opens a list: its rows.
+using TinyOpen = const VELLOMAR_LORIMEL::BtnParams*(int32_t key, int* count);
