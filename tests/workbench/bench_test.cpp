@@ -22,11 +22,12 @@ using nlohmann::json;
 using testing::HasSubstr;
 using testing::Optional;
 
-QWidget* FindOnBar(const QString& label) {
+void ClickOnBar(const QString& label) {
   for (QWidget* widget : QApplication::allWidgets()) {
-    if (widget->accessibleName() == label && widget->isVisible()) return widget;
+    if (widget->accessibleName() != label || !widget->isVisible()) continue;
+    return QTest::mouseClick(widget, Qt::LeftButton);
   }
-  return nullptr;
+  ADD_FAILURE() << "the bar shows no " << label.toStdString();
 }
 
 TEST_F(BenchTest, CommandsRunInQtsLoopAndTheRecordsFollow) {
@@ -62,9 +63,6 @@ TEST_F(BenchTest, TheLogComesFromTheFirstLineOn) {
 TEST_F(BenchTest, ABuildThatCannotBeLoadedLeavesTheOneThatIsThere) {
   ShowBar();
   EXPECT_THAT(bench.Load("/no/such/plugin.so"), Optional(HasSubstr("cannot load \"/no/such")));
-  const auto no_library = Scratch("text.so");
-  std::ofstream(no_library) << "no library";
-  EXPECT_THAT(bench.Load(no_library), Optional(HasSubstr("text.so")));
   EXPECT_THAT(bench.Load(VELLOMAR_LORIMEL_PATH), Optional(HasSubstr("does not export")));
   EXPECT_TRUE(bench.bar_exists());
   EXPECT_EQ(bench.plugin(), VELLOMAR_PLUGIN_PATH);
@@ -101,23 +99,17 @@ TEST_F(BenchTest, AnotherLanguageKeepsTheStateOfTheMeeting) {
 TEST_F(BenchTest, WhatTheMouseDoesIsRecordedAndPlaysInTheOtherTool) {
   bench.recorder().SetWithResults(true);
   ShowBar();
-  QWidget* const chat = FindOnBar("Chat");
-  ASSERT_NE(chat, nullptr);
-  QTest::mouseClick(chat, Qt::LeftButton);
-  QWidget* const leave = FindOnBar("Leave");
-  ASSERT_NE(leave, nullptr);
-  QTest::mouseClick(leave, Qt::LeftButton);
+  ClickOnBar("Chat");
+  ClickOnBar("Leave");
   const std::string text = bench.recorder().Scenario("mouse");
   EXPECT_THAT(text, HasSubstr("{\"press\":\"Chat\"},\n"));
   EXPECT_THAT(text, HasSubstr("{\"notification\":\"leaveMeeting\"}"));
   const auto file = Scratch("mouse.json");
   std::ofstream(file) << text;
   for (const char* widgets : {"headless", "qt"}) {
-    QProcess host;
-    host.start(VELLOMAR_HOST_PATH,
-               {"play", QString::fromStdString(file.string()), "--quiet", "--widgets", widgets});
-    ASSERT_TRUE(host.waitForFinished());
-    EXPECT_EQ(host.exitCode(), 0) << widgets << host.readAllStandardError().toStdString() << text;
+    const QStringList arguments = {"play", QString::fromStdString(file.string()), "--quiet",
+                                   "--widgets", widgets};
+    EXPECT_EQ(QProcess::execute(VELLOMAR_HOST_PATH, arguments), 0) << widgets << text;
   }
 }
 
