@@ -124,7 +124,7 @@ TEST_F(ScenarioRunTest, TheBarIsTheUsersUntilTheyGoOn) {
             std::nullopt);
   run.Play();
   ASSERT_TRUE(Until([&] { return run.steps().StateOf(1) == State::kDone && !run.IsPlaying(); }));
-  EXPECT_TRUE(bench.bar_exists());
+  EXPECT_EQ(run.steps().StateOf(2), State::kWaiting);
   EXPECT_EQ(PlayAll(), std::nullopt);
   EXPECT_TRUE(bench.bar_exists());
   run.SetUnattended(true);
