@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "vellomar/log.h"
+
+#include <cstdint>
+
 #include "stubs/observer.h"
 
 namespace bench {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "vellomar/lorimel.h"
 
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <utility>

@@ -280,14 +280,16 @@ void ControlBarDataManager::SetRemoteControler(bool under_control, std::string u
     text = VELLOMAR_COMMON::FillPlaceholder(GetNativeText(kControlledText), display_name);
   }
   std::string label = text;
+  std::optional<Participant> controller;
+  if (under_control) {
+    Participant somebody;
+    somebody.user_id = std::move(user_id);
+    somebody.display_name = std::move(display_name);
+    controller = std::move(somebody);
+  }
   m_isUnderControl = under_control;
   m_remoteControllerText = std::move(text);
-  m_remoteController.reset();
-  if (under_control) {
-    m_remoteController.emplace();
-    m_remoteController->user_id = std::move(user_id);
-    m_remoteController->display_name = std::move(display_name);
-  }
+  m_remoteController = std::move(controller);
   SetComposedLabel(EventKey::StopRemoteControl, std::move(label));
 }
 
