@@ -47,9 +47,9 @@ typedef struct LorimelButton {
  * (else null). [loop thread] */
 typedef void LorimelObserver(void* context, const char* member, const LorimelButton* record);
 
-/* Told of what the user does with mouse and keyboard, before the plug-in is told: in the driver's own
- * words "press", "open", "pick", "closeList" or "closeBar", the key, and for "pick" the value text of
- * the row (else null). What the driver does is not told. [UI thread] */
+/* Told of what the user does with mouse and keyboard, before the plug-in is told: in the driver's
+ * own words "press", "open", "pick", "closeList" or "closeBar", the key, and for "pick" the value
+ * text of the row (else null). What the driver does is not told. [UI thread] */
 typedef void LorimelUserObserver(void* context, const char* action, int32_t key,
                                  const char* valueText);
 
