@@ -31,6 +31,8 @@ class QtSession : public testing::Test {
  protected:
   using json = nlohmann::json;
 
+  QtSession();
+
   struct BarOptions {
     std::string language = "en";
     bool simplified = false;
