@@ -33,7 +33,7 @@ if(WIN32)
   list(FILTER import_libraries INCLUDE REGEX "\\.dll\\.a$")
   install(FILES ${import_libraries} DESTINATION "${CMAKE_INSTALL_LIBDIR}")
   # The folder whose path the plug-in works out from its own.
-  install(DIRECTORY platform/lorimel/icons/ DESTINATION "${CMAKE_INSTALL_BINDIR}/res")
+  install(DIRECTORY stand_ins/widgets/qt/icons/ DESTINATION "${CMAKE_INSTALL_BINDIR}/res")
 else()
   # Not for linking: it is loaded in place of the widget library, of which it has the name.
   install(TARGETS vellomar-lorimel-headless
