@@ -6,13 +6,13 @@
 // too, ask for no memory while the plug-in's requests are refused.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <deque>
 #include <new>
+#include <span>
 #include <string>
 #include <tuple>
 
@@ -126,12 +126,12 @@ void SendEnd() {
 constexpr std::array<std::int32_t, 11> kWindows = {1018, 1020, 1065, 1012, 1008, 1006,
                                                    1075, 1045, 1048, 1009, 1071};
 
-void OpenLists() {
+template <typename Look>
+void OpenLists(Look look) {
   for (const std::int32_t key : kWindows) {
     int count = 0;
     BtnParams* const rows = bench::Callbacks().on_show_window(static_cast<EventKey>(key), count);
-    for (int i = 0; i < count; ++i) Read(rows[i]);
-    if (count > 1) bench::Callbacks().on_event(rows[1]);  // the plug-in's own row comes back
+    look(std::span(rows, static_cast<std::size_t>(count)));
   }
 }
 
@@ -148,7 +148,10 @@ void ClickEverywhere() {
 
 void WholeRun() {
   SendMeeting();
-  OpenLists();
+  OpenLists([](std::span<BtnParams> rows) {
+    for (const BtnParams& row : rows) Read(row);
+    if (rows.size() > 1) bench::Callbacks().on_event(rows[1]);  // the plug-in's own row comes back
+  });
   ClickEverywhere();
   SendEnd();
 }
@@ -158,16 +161,14 @@ std::string Picture() {
   Steps({"setMeetingSubType type=1"}).Send();
   SendMeeting();
   std::string picture;
-  const auto append = [&picture](const BtnParams& params) {
-    picture += std::to_string(static_cast<int>(params.key)) +
-               streams::Changes(streams::FieldsOf({}), streams::FieldsOf(params)) + '\n';
+  const auto append = [&picture](std::span<const BtnParams> records) {
+    for (const BtnParams& record : records) {
+      picture += std::to_string(static_cast<int>(record.key)) +
+                 streams::Changes(streams::FieldsOf({}), streams::FieldsOf(record)) + '\n';
+    }
   };
-  std::for_each_n(bench::Callbacks().records, 92, append);
-  for (const std::int32_t key : kWindows) {
-    int count = 0;
-    std::for_each_n(bench::Callbacks().on_show_window(static_cast<EventKey>(key), count), count,
-                    append);
-  }
+  append({bench::Callbacks().records, 92});
+  OpenLists(append);
   return picture;
 }
 

@@ -61,15 +61,6 @@ TEST(Tables, CommandsAndNotificationsAreTheseAndNoOthers) {
   EXPECT_EQ(Text(kNotifications), Text(Written("notification")));
 }
 
-// Where pointers have four bytes, the computed offsets are the written ones.
-TEST(Tables, WrittenOffsetsAreThoseOfThe32BitTarget) {
-  for (const Message& message : streams::Messages(4)) {
-    for (const streams::Field& field : message.fields) {
-      EXPECT_EQ(field.offset, field.written_offset) << message.name << '.' << field.name;
-    }
-  }
-}
-
 // Each command, by its number, traces itself, takes its route and runs its operation.
 TEST(Tables, EveryCommandTakesItsRouteToItsOperation) {
   for (const Message& command : streams::Messages()) {

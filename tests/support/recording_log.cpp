@@ -2,16 +2,13 @@
 #include "recording_log.h"
 
 #include <algorithm>
-#include <mutex>
 #include <utility>
 
 namespace recording_log {
 namespace {
 
 struct Recording {
-  std::mutex mutex;
   std::vector<Line> lines;
-  std::vector<Opening> openings;
   std::function<void(const Line&)> on_line;
   std::function<void(const Opening&)> on_opening;
 };
@@ -27,28 +24,10 @@ std::optional<std::string> OrNothing(const char* text) {
   return text != nullptr ? std::optional<std::string>(text) : std::nullopt;
 }
 
-template <typename Wanted>
-std::vector<std::string> TextsWhere(Wanted wanted) {
-  const std::lock_guard lock(recording.mutex);
-  std::vector<std::string> texts;
-  for (const Line& line : recording.lines) {
-    if (wanted(line)) {
-      texts.push_back(line.text);
-    }
-  }
-  return texts;
-}
-
 }  // namespace
 
 std::vector<Line> Lines() {
-  const std::lock_guard lock(recording.mutex);
   return recording.lines;
-}
-
-std::vector<Opening> Opened() {
-  const std::lock_guard lock(recording.mutex);
-  return recording.openings;
 }
 
 void Observe(std::function<void(const Line&)> on_line,
@@ -58,21 +37,18 @@ void Observe(std::function<void(const Line&)> on_line,
 }
 
 void Clear() {
-  const std::lock_guard lock(recording.mutex);
   recording.lines.clear();
-  recording.openings.clear();
-}
-
-std::vector<std::string> Texts() {
-  return TextsWhere([](const Line&) { return true; });
 }
 
 std::vector<std::string> Texts(int level) {
-  return TextsWhere([level](const Line& line) { return line.level == level; });
+  std::vector<std::string> texts;
+  for (const Line& line : recording.lines) {
+    if (line.level == level) texts.push_back(line.text);
+  }
+  return texts;
 }
 
 bool Contains(std::string_view text) {
-  const std::lock_guard lock(recording.mutex);
   return std::any_of(recording.lines.begin(), recording.lines.end(),
                      [text](const Line& line) { return line.text == text; });
 }
@@ -82,11 +58,10 @@ bool Contains(std::string_view text) {
 int CreateVellomarLogger(std::uint32_t kind, const char* first, const char* second,
                          const char* module, int reserved, int files, int flush) {
   using namespace recording_log;
-  const Opening opening = {
-      kind, OrNothing(first), OrNothing(second), OrEmpty(module), reserved, files, flush};
-  if (recording.on_opening) recording.on_opening(opening);
-  const std::lock_guard lock(recording.mutex);
-  recording.openings.push_back(opening);
+  if (recording.on_opening) {
+    recording.on_opening(
+        {kind, OrNothing(first), OrNothing(second), OrEmpty(module), reserved, files, flush});
+  }
   return 1;
 }
 
@@ -94,6 +69,5 @@ void VellomarLogWrite(const char* module, int level, const char* text) {
   using namespace recording_log;
   const Line line = {OrEmpty(module), level, OrEmpty(text)};
   if (recording.on_line) recording.on_line(line);
-  const std::lock_guard lock(recording.mutex);
   recording.lines.push_back(line);
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // What the code under test has logged. A test that links vellomar-recording-log in place of the log
-// library finds every line and every opening call here.
+// library finds every line here, and hears of every opening.
 //
 //     recording_log::Clear();
 //     manager.SetMicVolume(50);
 //     EXPECT_TRUE(recording_log::Contains("[Controlbar] set mic volume 50"));
 //
-// Results are copies; every function may be called on any thread.
+// Results are copies. One thread only.
 #pragma once
 
 #include <cstdint>
@@ -37,19 +37,15 @@ struct Opening {
   int reserved = 0;
   int files = 0;
   int flush = 0;
-
-  bool operator==(const Opening&) const = default;
 };
 
 VELLOMAR_LOG_API std::vector<Line> Lines();
-VELLOMAR_LOG_API std::vector<Opening> Opened();
 // Calls these for every line and opening, on the thread that logs; both may be null.
 VELLOMAR_LOG_API void Observe(std::function<void(const Line&)> on_line,
                               std::function<void(const Opening&)> on_opening);
-// Forgets lines and openings.
+// Forgets the lines.
 VELLOMAR_LOG_API void Clear();
 
-VELLOMAR_LOG_API std::vector<std::string> Texts();
 VELLOMAR_LOG_API std::vector<std::string> Texts(int level);
 // Whether a line has exactly this text.
 VELLOMAR_LOG_API bool Contains(std::string_view text);
