@@ -86,20 +86,14 @@ Player::Player() {
   current_ = this;
   DestroyAll();
   for (auto steps : {ExportSteps(), SettingSteps(), LibrarySteps()}) steps_.merge(steps);
-  recording_log::Observe(
-      [this](const recording_log::Line& line) { stream_.Log(line); },
-      [this](const recording_log::Opening& log) {
-        stream_.Add(fmt::format("opens log {} {} {} {} {} {} {}", log.kind,
-                                log.first.value_or("null"), log.second.value_or("null"), log.module,
-                                log.reserved, log.files, log.flush));
-      });
+  recording_log::Observe([this](const recording_log::Line& line) { stream_.Log(line); });
   host_.on_call = [this](const std::string& call) { stream_.Add("loop " + call); };
   TheLibrary().report = [this](const std::string& line) { stream_.Add(line); };
 }
 
 Player::~Player() {
   DestroyAll();
-  recording_log::Observe(nullptr, nullptr);
+  recording_log::Observe(nullptr);
   current_ = nullptr;
 }
 

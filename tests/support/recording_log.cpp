@@ -2,6 +2,7 @@
 #include "recording_log.h"
 
 #include <algorithm>
+#include <sstream>
 #include <utility>
 
 namespace recording_log {
@@ -10,7 +11,6 @@ namespace {
 struct Recording {
   std::vector<Line> lines;
   std::function<void(const Line&)> on_line;
-  std::function<void(const Opening&)> on_opening;
 };
 
 // Not a function's static: it has to outlive the objects of the libraries that log.
@@ -20,20 +20,14 @@ std::string OrEmpty(const char* text) {
   return text != nullptr ? text : "";
 }
 
-std::optional<std::string> OrNothing(const char* text) {
-  return text != nullptr ? std::optional<std::string>(text) : std::nullopt;
-}
-
 }  // namespace
 
 std::vector<Line> Lines() {
   return recording.lines;
 }
 
-void Observe(std::function<void(const Line&)> on_line,
-             std::function<void(const Opening&)> on_opening) {
+void Observe(std::function<void(const Line&)> on_line) {
   recording.on_line = std::move(on_line);
-  recording.on_opening = std::move(on_opening);
 }
 
 void Clear() {
@@ -58,10 +52,11 @@ bool Contains(std::string_view text) {
 int CreateVellomarLogger(std::uint32_t kind, const char* first, const char* second,
                          const char* module, int reserved, int files, int flush) {
   using namespace recording_log;
-  if (recording.on_opening) {
-    recording.on_opening(
-        {kind, OrNothing(first), OrNothing(second), OrEmpty(module), reserved, files, flush});
-  }
+  std::ostringstream text;
+  text << kind << ' ' << (first != nullptr ? first : "null") << ' '
+       << (second != nullptr ? second : "null") << ' ' << OrEmpty(module) << ' ' << reserved << ' '
+       << files << ' ' << flush;
+  if (recording.on_line) recording.on_line({"", 0, text.str()});
   return 1;
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the code under test has logged. A test that links vellomar-recording-log in place of the log
-// library finds every line here, and hears of every opening.
+// library finds every line here, and Observe hears of every opening.
 //
 //     recording_log::Clear();
 //     manager.SetMicVolume(50);
@@ -11,7 +11,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,21 +27,10 @@ struct Line {
   bool operator==(const Line&) const = default;
 };
 
-// A call of CreateVellomarLogger.
-struct Opening {
-  std::uint32_t kind = 0;
-  std::optional<std::string> first;  // nothing: a null pointer
-  std::optional<std::string> second;
-  std::string module;
-  int reserved = 0;
-  int files = 0;
-  int flush = 0;
-};
-
 VELLOMAR_LOG_API std::vector<Line> Lines();
-// Calls these for every line and opening, on the thread that logs; both may be null.
-VELLOMAR_LOG_API void Observe(std::function<void(const Line&)> on_line,
-                              std::function<void(const Opening&)> on_opening);
+// Calls this for every line, and for every opening of the log with its arguments in one line at
+// level 0. May be null.
+VELLOMAR_LOG_API void Observe(std::function<void(const Line&)> on_line);
 // Forgets the lines.
 VELLOMAR_LOG_API void Clear();
 
