@@ -263,6 +263,7 @@ TEST_F(EventLoopTest, TheObserverIsRegisteredOnceWhateverItsId) {
   for (int times = 0; times < 2; ++times) Loop().Init(host.Table());
   Loop().Init({});
   EXPECT_EQ(host.calls, (Calls{"addObserver 0", "removeObserver 0"}));
+  EXPECT_EQ(host.observer.context, nullptr);
 }
 
 TEST_F(EventLoopTest, AnotherLoopGivenBeforeTheFirstHasAnsweredWins) {
