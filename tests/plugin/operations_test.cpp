@@ -50,7 +50,7 @@ TEST(Operations, AResponseMayReplaceItsOwnCallableAndEndThePlugIn) {
   EXPECT_EQ(heard, "123");
 }
 
-TEST(Resources, AnAnswersAreKeptUntilTheHostDropsThemOrTheNextAnswer) {
+TEST(Resources, AnAnswerIsKeptUntilTheHostDropsItOrTheNextOne) {
   streams::Player player;
   player.Play("init");
   auto& pool = *__ResourceCollectionPool__::GetInstance();
