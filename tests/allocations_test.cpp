@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
-// How often the plug-in asks for memory on the paths that run all the time. The program replaces
-// operator new and the log library, so it is one of its own.
+// How often the plug-in asks for memory on the paths that run all the time.
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
-#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,70 +11,26 @@
 #include "frame/notifier.h"
 #include "frame/trace_scope.h"
 #include "manager/controlbar_manager.h"
+#include "support/counted_memory.h"
 #include "vellomar/controlbar.h"
 
 namespace {
 
-std::size_t allocations = 0;
-std::size_t bytes_in_use = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  void* const block = std::malloc(size);
-  if (block == nullptr) throw std::bad_alloc();
-  bytes_in_use += malloc_usable_size(block);
-  return block;
-}
-void operator delete(void* block) noexcept {
-  if (block != nullptr) bytes_in_use -= malloc_usable_size(block);
-  std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-  operator delete(block);
-}
-
-// The log library: drops its lines without allocating.
-int CreateVellomarLogger(std::uint32_t, const char*, const char*, const char*, int, int, int) {
-  return 1;
-}
-void VellomarLogWrite(const char*, int, const char*) {}
-
-namespace {
-
+using namespace counted_memory;
 using VELLOMAR_CONTROLBAR::ControlbarManager;
 using VELLOMAR_CONTROLBAR::Notifier;
 
 template <typename Work>
 std::size_t AllocationsOf(Work work) {
-  const std::size_t before = allocations;
+  const std::size_t before = requests;
   work();
-  return allocations - before;
-}
-
-// A loop with room for one posted callback.
-struct Posted {
-  LoopCallback* callback = nullptr;
-  void* context = nullptr;
-  std::uint64_t id = 0;
-} posted;
-
-void RunPosted() {
-  posted.callback(posted.context);
+  return requests - before;
 }
 
 class AllocationsTest : public testing::Test {
  protected:
   AllocationsTest() {
-    EventLoopTable table{};
-    table.postFn = [](LoopCallback* callback, void* context) {
-      posted = {callback, context, posted.id + 1};
-      return posted.id;
-    };
-    ExportedInit(
-        nullptr, [](const char*, std::uint32_t, std::uint32_t, void*) { ++told; }, nullptr, &table,
-        "", "", 0);
+    Init();
     // What is made once: the dispatch table and the manager.
     Post(VELLOMAR_COMMAND_setRegWidgetMovingEvent, VellomarFlag{0});
     RunPosted();
@@ -94,10 +46,7 @@ class AllocationsTest : public testing::Test {
   static std::size_t Post(std::uint32_t id, Record record) {
     return AllocationsOf([&] { EXPECT_TRUE(ExportedCallEvent(id, 0, &record)); });
   }
-
-  static int told;
 };
-int AllocationsTest::told = 0;
 
 TEST_F(AllocationsTest, TraceScopeAllocatesNothing) {
   EXPECT_EQ(AllocationsOf([] { EXPECT_TRUE(ExportedStart()); }), 0u);
@@ -109,18 +58,13 @@ TEST_F(AllocationsTest, TraceScopeAllocatesNothing) {
             0u);
 }
 
-TEST_F(AllocationsTest, PostedNumberAllocatesCallableAndMapNode) {
-  EXPECT_EQ(Post(VELLOMAR_COMMAND_setRegWidgetMovingEvent, VellomarFlag{1}), 2u);
-  EXPECT_EQ(AllocationsOf(&RunPosted), 0u);
+// The callable and its map node. A text does not fit into std::function, so what it calls has a
+// block of its own; and a text longer than a small string has one too.
+TEST_F(AllocationsTest, APostedCommandAllocatesCallableMapNodeAndTexts) {
   EXPECT_EQ(Post(VELLOMAR_COMMAND_setMeetingSource, VellomarInt{3}), 2u);
   EXPECT_EQ(AllocationsOf(&RunPosted), 0u);
   EXPECT_EQ(Post(VELLOMAR_COMMAND_setParticipantsCount, VellomarLong{50}), 2u);
   RunPosted();  // composes a label
-}
-
-// Callable and map node as above. A text does not fit into std::function, so what it calls has a
-// block of its own; and a text longer than a small string has one too.
-TEST_F(AllocationsTest, PostedTextAllocatesItsTextBesides) {
   EXPECT_EQ(Post(VELLOMAR_COMMAND_setWindowTitle, VellomarText{"short"}), 3u);
   RunPosted();
   const VellomarText title{"A title that is longer than any small string"};

@@ -5,9 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <limits>
-#include <new>
 #include <string>
 
 #include "frame/function_statistics.h"
@@ -15,26 +13,22 @@
 
 namespace {
 
+using recording_log::Line;
+using testing::ElementsAre;
 using VELLOMAR_LOG::FunctionStatistics;
 
-class LogTest : public testing::Test {
- protected:
-  void SetUp() override { recording_log::Clear(); }
-};
-
-TEST_F(LogTest, LongLinesAreWrittenWhole) {
+TEST(LogTest, LongLinesAreWrittenWholeAndATextWithoutArgumentsMayHoldBraces) {
+  recording_log::Clear();
   const std::string text(5000, 'x');
   VELLOMAR_LOG::Info("{}!", text);
-  EXPECT_EQ(recording_log::Texts(), std::vector<std::string>{text + "!"});
-}
-
-TEST_F(LogTest, ATextWithoutArgumentsMayHoldBraces) {
   VELLOMAR_LOG::Fault("a {} that is none");
-  EXPECT_EQ(recording_log::Lines(),
-            (std::vector<recording_log::Line>{{"vellomar_controlbar", 4, "a {} that is none"}}));
+  EXPECT_THAT(recording_log::Lines(),
+              ElementsAre(Line{"vellomar_controlbar", 3, text + "!"},
+                          Line{"vellomar_controlbar", 4, "a {} that is none"}));
 }
 
-TEST_F(LogTest, StatisticsWriteTheirAverageAndDoNotDivideByZero) {
+TEST(LogTest, StatisticsWriteTheirAverageAndDoNotDivideByZero) {
+  recording_log::Clear();
   {
     FunctionStatistics none("Idle");
     EXPECT_EQ(none.threshold, std::numeric_limits<std::int64_t>::max());
@@ -43,10 +37,9 @@ TEST_F(LogTest, StatisticsWriteTheirAverageAndDoNotDivideByZero) {
     some.count = 3;
     some.total_cost = 10;
   }
-  EXPECT_EQ(recording_log::Lines(),
-            (std::vector<recording_log::Line>{
-                {"PCSDK", 3, "Function Busy be executed 3,cost 10us,avg 3us"},
-                {"PCSDK", 3, "Function Idle be executed 0,cost 0us,avg 0us"}}));
+  EXPECT_THAT(recording_log::Lines(),
+              ElementsAre(Line{"PCSDK", 3, "Function Busy be executed 3,cost 10us,avg 3us"},
+                          Line{"PCSDK", 3, "Function Idle be executed 0,cost 0us,avg 0us"}));
 }
 
 }  // namespace

@@ -2,72 +2,31 @@
 // Memory runs out at every point at which the plug-in asks for some, in a run of commands, lists,
 // clicks and tasks. Nothing may leave an export or a callback as an exception, crash or leak (the
 // address sanitizer watches); every text handed out stays readable; and afterwards the plug-in
-// works as if nothing had happened. The program replaces operator new and the log, so it is one of
-// its own; its own code and the widgets, which the benchmarks have too, ask for no memory while the
-// plug-in's requests are refused.
+// works as if nothing had happened. The test's own code and the widgets, which the benchmarks have
+// too, ask for no memory while the plug-in's requests are refused.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <new>
+#include <span>
 #include <string>
+#include <tuple>
 
 #include "manager/controlbar_manager.h"
+#include "plugin/messages.h"
+#include "plugin/text.h"
 #include "stubs/observer.h"
+#include "support/counted_memory.h"
 #include "vellomar/controlbar.h"
 #include "vellomar/lorimel.h"
 
 namespace {
 
-// Requests until the refused one; 0: none is refused.
-std::uint64_t until_refusal = 0;
-bool refuse_all_from_then = false;
-bool refused = false;
-
-bool Refuses() {
-  if (until_refusal == 0 || --until_refusal != 0) return false;
-  refused = true;
-  if (refuse_all_from_then) until_refusal = 1;
-  return true;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  void* const block = Refuses() ? nullptr : std::malloc(size);
-  if (block == nullptr) throw std::bad_alloc();
-  return block;
-}
-void operator delete(void* block) noexcept {
-  std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-  std::free(block);
-}
-
-namespace {
-
-// --- The log library
-
-int escapes = 0;
-std::array<char, 128> last_escape{};
-
-}  // namespace
-
-int CreateVellomarLogger(std::uint32_t, const char*, const char*, const char*, int, int, int) {
-  return 1;
-}
-void VellomarLogWrite(const char*, int level, const char* text) {
-  if (level != 4 || std::strstr(text, " failed: std::bad_alloc") == nullptr) return;
-  ++escapes;
-  std::snprintf(last_escape.data(), last_escape.size(), "%s", text);
-}
-
-namespace {
-
+using namespace counted_memory;
 using VELLOMAR_CONTROLBAR::ControlbarManager;
 using VELLOMAR_LORIMEL::BtnParams;
 using VELLOMAR_LORIMEL::EventKey;
@@ -87,114 +46,92 @@ void Read(const BtnParams& params) {
   }
 }
 
-// --- The host: its loop keeps one posted callback
-
-LoopCallback* posted = nullptr;
-void* posted_context = nullptr;
-std::uint64_t last_id = 0;
-
-std::uint64_t Post(LoopCallback* callback, void* context) {
-  posted = callback;
-  posted_context = context;
-  return ++last_id;
-}
-void RunSync(LoopCallback* callback, void* context) {
-  callback(context);
-}
-void OnRequest(const char*, std::uint32_t, std::uint32_t, void*) {}
-void OnNotify(const char*, std::uint32_t, std::uint32_t, void*) {}
-
-void Init() {
-  EventLoopTable table{};
-  table.postFn = &Post;
-  table.runSyncFn = &RunSync;
-  ExportedInit(&OnRequest, &OnNotify, nullptr, &table, "", "", 0);
-}
-
-// Sends a command and has the host's loop run what it posted.
-template <typename Record>
-void Send(std::uint32_t id, Record record) {
-  posted = nullptr;
-  ExportedCallEvent(id, 0, &record);
-  if (posted != nullptr) posted(posted_context);
-}
-
-// --- The run. Texts are longer than what a string holds without memory of its own.
+// --- The run
 
 constexpr char kText[] = "a text that is longer than any small string";
 constexpr char kOther[] = "another text that is longer than any small string";
 
-void SendTexts() {
-  static const std::array<std::int64_t, 4> kIds = {10001, 10004, 10069, 10094};
-  static const std::array<const char*, 4> kTexts = {kText, kOther, "the number of it: {{number}}",
-                                                    "leave {{roomName}}"};
-  VellomarTextMap texts{kIds.data(), 4, kTexts.data(), 4};
-  Send(VELLOMAR_COMMAND_setTextMap, texts);
+// Commands as plugin/streams/README.md has them, and the one response; the host's loop runs them at
+// once. $1 and $2 are the texts above.
+class Steps {
+ public:
+  Steps(std::initializer_list<std::string> lines) {
+    for (std::string line : lines) {
+      for (std::size_t at; (at = line.find('$')) != line.npos;) {
+        line.replace(at, 2, streams::Quoted(line[at + 1] == '1' ? kText : kOther));
+      }
+      const std::string name = line.substr(0, line.find(' '));
+      const streams::Message* const command = streams::FindMessage("command", name);
+      const auto& message = command != nullptr ? *command : *streams::FindMessage("response", name);
+      steps_.emplace_back(
+          command != nullptr ? &ExportedCallEvent : &ExportedOnReceive, message.id,
+          streams::Payload(message, streams::ParseArguments(line.substr(name.size()))));
+    }
+  }
+
+  void Send() {
+    for (auto& [function, id, payload] : steps_) {
+      posted = nullptr;
+      function(static_cast<std::uint32_t>(id), 0, payload.data());
+      if (posted != nullptr) RunPosted();
+    }
+  }
+
+ private:
+  std::deque<std::tuple<decltype(&ExportedCallEvent), std::uint64_t, streams::Payload>> steps_;
+};
+
+// Of the participants one joins, one leaves, one changes; then comes the answer about an avatar.
+void SendMeeting() {
+  static Steps steps = {
+      "setTextMap ids=[10001,10004,10069,10094]"
+      " texts=[$1,$2,\"the number of it: {{number}}\",\"leave {{roomName}}\"]",
+      "showSharedControlbar",
+      "setWindowTitle title=$1",
+      "setMeetingNumber number=$1",
+      "setShareScreenMeetingName name=$1",
+      "setParticipantsCount count=12",
+      "setChatMessageCount count=1000",
+      "setLiveStatus status=1 count=5",
+      "setUnderControl status=1 userId=user-2 displayName=$1",
+      "setMeetingDetailInfo topic=$1 hostName=$2 meetingLink=$1",
+      "enterMeetingSubRoom roomName=$1 roomId=\"\"",
+      "setHostType type=1",
+      "setItemValue key=1023 itemName=$1 itemText=$2 tag=$1",
+      "setTestContentMap keys=[1007,1042] texts=[$1,$2]",
+      "setCameraInfo cameras=[$1 $2,$2 $1] currentCameraId=$1",
+      "setAudioAndPlaybackInfo microphones=[$1 $2,$2 $1] currentMicrophoneId=$1"
+      " speakers=[$1 $2,$2 $1] currentSpeakerId=$2",
+      "setInterpretationInfo languages=[$1 $2,$2 $1] currentLanguageId=$1",
+      "setInterpretationEnable enable=1",
+      "updateParticipants participants=[user-1 instance 1 $1 \"\" $1 $1 1,"
+      "user-2 instance 1 $2 \"\" $2 $1 1,user-3 instance 1 Li \"\" \"\" $1 1]",
+      "updateParticipants participants=[user-2 instance 1 renamed \"\" $1 $1 1,"
+      "user-3 instance 1 Li \"\" $2 $1 1,user-4 instance 1 $1 \"\" \"\" $1 1]",
+      "avatar avatarKey=$1 avatarPath=$2",
+      "showChatMessageTip userId=user-2 instanceId=instance number=1 senderName=$1 message=$2",
+  };
+  steps.Send();
 }
 
-void SendLists() {
-  static const std::array<VellomarDevice, 2> kDevices = {{{kText, kOther}, {kOther, kText}}};
-  Send(VELLOMAR_COMMAND_setCameraInfo, VellomarCameraInfo{kDevices.data(), 2, kText});
-  Send(VELLOMAR_COMMAND_setAudioAndPlaybackInfo,
-       VellomarAudioInfo{kDevices.data(), 2, kText, kDevices.data(), 2, kOther});
-  VellomarInterpretationInfo languages{};
-  languages.languages = kDevices.data();
-  languages.languageCount = 2;
-  languages.currentLanguageId = kText;
-  Send(VELLOMAR_COMMAND_setInterpretationInfo, languages);
-  Send(VELLOMAR_COMMAND_setInterpretationEnable, VellomarFlag{1});
-}
-
-VellomarParticipant Person(const char* id, const char* name, const char* avatar) {
-  return {id, "instance", 1, name, "", avatar, kText, 1};
-}
-
-// Two updates: one joins, one leaves, one changes; then the answer about an avatar.
-void SendParticipants() {
-  static const std::array<VellomarParticipant, 3> kFirst = {
-      Person("user-1", kText, kText), Person("user-2", kOther, kOther), Person("user-3", "Li", "")};
-  static const std::array<VellomarParticipant, 3> kSecond = {Person("user-2", "renamed", kText),
-                                                             Person("user-3", "Li", kOther),
-                                                             Person("user-4", kText, "")};
-  Send(VELLOMAR_COMMAND_updateParticipants, VellomarParticipants{kFirst.data(), 3});
-  Send(VELLOMAR_COMMAND_updateParticipants, VellomarParticipants{kSecond.data(), 3});
-  VellomarAvatarResponse avatar{kText, kOther};
-  ExportedOnReceive(15000555, 0, &avatar);
-  Send(VELLOMAR_COMMAND_showChatMessageTip,
-       VellomarChatMessageTip{"user-2", "instance", 1, kText, kOther});
-}
-
-void SendState() {
-  Send(VELLOMAR_COMMAND_setWindowTitle, VellomarText{kText});
-  Send(VELLOMAR_COMMAND_setMeetingNumber, VellomarText{kText});
-  Send(VELLOMAR_COMMAND_setShareScreenMeetingName, VellomarText{kText});
-  Send(VELLOMAR_COMMAND_setParticipantsCount, VellomarLong{12});
-  Send(VELLOMAR_COMMAND_setChatMessageCount, VellomarLong{1000});
-  Send(VELLOMAR_COMMAND_setLiveStatus, VellomarLiveStatus{1, 5});
-  Send(VELLOMAR_COMMAND_setUnderControl, VellomarUnderControl{1, "user-2", kText});
-  Send(VELLOMAR_COMMAND_setMeetingDetailInfo, VellomarMeetingDetail{kText, kOther, kText});
-  Send(VELLOMAR_COMMAND_enterMeetingSubRoom, VellomarSubRoom{kText, ""});
-  Send(VELLOMAR_COMMAND_setHostType, VellomarInt{1});
-  VellomarItemValue item{};
-  item.key = 1023;
-  item.itemName = kText;
-  item.itemText = kOther;
-  item.tag = kText;
-  Send(VELLOMAR_COMMAND_setItemValue, item);
-  static const std::array<std::int64_t, 2> kKeys = {1007, 1042};
-  static const std::array<const char*, 2> kContents = {kText, kOther};
-  Send(VELLOMAR_COMMAND_setTestContentMap, VellomarTextMap{kKeys.data(), 2, kContents.data(), 2});
+// The bar is closed and created anew, twice, then closed for good.
+void SendEnd() {
+  static Steps steps = {"setMeetingSubType type=5", "setMeetingSubType type=1",
+                        "showSketchControlbar show=1", "getControlbarPosition",
+                        "closeSharedControlbar"};
+  steps.Send();
+  ExportedCallDrop(VELLOMAR_COMMAND_getControlbarPosition, 0);
 }
 
 constexpr std::array<std::int32_t, 11> kWindows = {1018, 1020, 1065, 1012, 1008, 1006,
                                                    1075, 1045, 1048, 1009, 1071};
 
-void OpenLists() {
+template <typename Look>
+void OpenLists(Look look) {
   for (const std::int32_t key : kWindows) {
     int count = 0;
     BtnParams* const rows = bench::Callbacks().on_show_window(static_cast<EventKey>(key), count);
-    for (int i = 0; i < count; ++i) Read(rows[i]);
-    if (count > 1) bench::Callbacks().on_event(rows[1]);  // the plug-in's own row comes back
+    look(std::span(rows, static_cast<std::size_t>(count)));
   }
 }
 
@@ -210,45 +147,28 @@ void ClickEverywhere() {
 }
 
 void WholeRun() {
-  SendTexts();
-  Send(VELLOMAR_COMMAND_showSharedControlbar, VellomarShowControlbar{});
-  SendState();
-  SendLists();
-  SendParticipants();
-  OpenLists();
+  SendMeeting();
+  OpenLists([](std::span<BtnParams> rows) {
+    for (const BtnParams& row : rows) Read(row);
+    if (rows.size() > 1) bench::Callbacks().on_event(rows[1]);  // the plug-in's own row comes back
+  });
   ClickEverywhere();
-  Send(VELLOMAR_COMMAND_setMeetingSubType, VellomarInt{5});  // closes and creates the bar anew
-  Send(VELLOMAR_COMMAND_setMeetingSubType, VellomarInt{1});
-  Send(VELLOMAR_COMMAND_showSketchControlbar, VellomarShowSketch{1, 0});
-  Send(VELLOMAR_COMMAND_getControlbarPosition, VellomarRect{});
-  ExportedCallDrop(VELLOMAR_COMMAND_getControlbarPosition, 0);
-  Send(VELLOMAR_COMMAND_closeSharedControlbar, VellomarResult{});
-}
-
-void Append(std::string& picture, const BtnParams& params) {
-  const auto text = [](const char* t) { return std::string(t != nullptr ? t : "(none)") + '|'; };
-  picture += std::to_string(static_cast<int>(params.key)) + ' ' + std::to_string(params.status) +
-             ' ' + std::to_string(params.groupValue) + (params.hasExpand ? "+|" : "-|") +
-             text(params.text) + text(params.valueText) + text(params.iconPath) +
-             text(params.subLabel) + text(params.toolTip) + '\n';
+  SendEnd();
 }
 
 // Everything that shows, in the middle of a meeting.
 std::string Picture() {
-  Send(VELLOMAR_COMMAND_setMeetingSubType, VellomarInt{1});
-  SendTexts();
-  Send(VELLOMAR_COMMAND_showSharedControlbar, VellomarShowControlbar{});
-  SendState();
-  SendLists();
-  SendParticipants();
+  Steps({"setMeetingSubType type=1"}).Send();
+  SendMeeting();
   std::string picture;
-  for (int i = 0; i < 92; ++i) Append(picture, bench::Callbacks().records[i]);
-  for (const std::int32_t key : kWindows) {
-    int count = 0;
-    const BtnParams* const rows =
-        bench::Callbacks().on_show_window(static_cast<EventKey>(key), count);
-    for (int i = 0; i < count; ++i) Append(picture, rows[i]);
-  }
+  const auto append = [&picture](std::span<const BtnParams> records) {
+    for (const BtnParams& record : records) {
+      picture += std::to_string(static_cast<int>(record.key)) +
+                 streams::Changes(streams::FieldsOf({}), streams::FieldsOf(record)) + '\n';
+    }
+  };
+  append({bench::Callbacks().records, 92});
+  OpenLists(append);
   return picture;
 }
 
@@ -272,7 +192,7 @@ INSTANTIATE_TEST_SUITE_P(Requests, OutOfMemoryTest, testing::Bool(),
 TEST_P(OutOfMemoryTest, ThePlugInWorksAfterwards) {
   WholeRun();
   const std::string expected = Picture();
-  ASSERT_NE(expected.find("1003 0 0-|another text that is longer than any small string (12)|"),
+  ASSERT_NE(expected.find("\n1003 text=\"another text that is longer than any small string (12)\""),
             std::string::npos);
   std::uint64_t point = 1;
   for (;; ++point) {
@@ -299,7 +219,7 @@ TEST_P(OutOfMemoryTest, ThePlugInWorksAfterwards) {
 
 // What an export answers, and what stays as it was.
 TEST_F(OutOfMemoryTest, ACommandWithoutMemoryIsNotHandled) {
-  Send(VELLOMAR_COMMAND_setWindowTitle, VellomarText{kText});
+  Steps({"setWindowTitle title=$1"}).Send();
   VellomarText title{kOther};
   std::uint64_t point = 1;
   for (;; ++point) {
@@ -316,7 +236,7 @@ TEST_F(OutOfMemoryTest, ACommandWithoutMemoryIsNotHandled) {
     EXPECT_EQ(ControlbarManager::GetInstance()->Data().GetWindowTitle(), kText);
   }
   EXPECT_EQ(point, 5u);  // the text, the callable and its block, the record
-  posted(posted_context);
+  RunPosted();
   EXPECT_EQ(ControlbarManager::GetInstance()->Data().GetWindowTitle(), kOther);
 }
 

@@ -17,14 +17,12 @@ struct Size {
   std::size_t size, alignment;
 };
 
-Size SizeOf(const std::string& type, std::size_t pointer) {
+Size SizeOf(const std::string& type) {
   if (type == "flag") return {1, 1};
   if (type == "int") return {4, 4};
-  if (type == "text") return {pointer, pointer};
-  for (const Message& message : Messages(pointer)) {
-    if (message.kind == "record" && message.name == type) return {message.size, message.alignment};
-  }
-  return {8, 8};
+  if (type == "text") return {sizeof(void*), sizeof(void*)};
+  const Message* const record = FindMessage("record", type);
+  return record != nullptr ? Size{record->size, record->alignment} : Size{8, 8};
 }
 
 std::size_t Place(Message& message, Size size) {
@@ -34,20 +32,24 @@ std::size_t Place(Message& message, Size size) {
   return before;
 }
 
-void AddField(Message& message, std::istringstream words, std::size_t pointer) {
+void AddField(Message& message, std::istringstream words) {
   Field field;
-  if (!(words >> field.written_offset >> field.type)) return;
+  std::size_t written_offset = 0;
+  if (!(words >> written_offset >> field.type)) return;
   field.is_out = field.type == "out";
   if (field.is_out) words >> field.type;
   words >> field.name;
   field.is_array = field.type.ends_with("[]");
   if (field.is_array) field.type.resize(field.type.size() - 2);
-  field.offset = Place(message, SizeOf(field.is_array ? "text" : field.type, pointer));
-  if (field.is_array) Place(message, SizeOf("int", pointer));
+  field.offset = Place(message, SizeOf(field.is_array ? "text" : field.type));
+  if (field.is_array) Place(message, SizeOf("int"));
+  if (sizeof(void*) == 4 && field.offset != written_offset) {
+    throw std::runtime_error(message.name + '.' + field.name + " lies elsewhere");
+  }
   message.fields.push_back(field);
 }
 
-Message ParseMessage(const std::string& line, std::size_t pointer) {
+Message ParseMessage(const std::string& line) {
   const std::size_t colon = line.find(':');
   Message message;
   std::istringstream words(line.substr(0, colon));
@@ -57,7 +59,7 @@ Message ParseMessage(const std::string& line, std::size_t pointer) {
   words >> message.name >> message.operation;
   std::istringstream fields(line.substr(colon + 1));
   for (std::string field; std::getline(fields, field, ',');) {
-    AddField(message, std::istringstream(field), pointer);
+    AddField(message, std::istringstream(field));
   }
   Place(message, {0, message.alignment});
   return message;
@@ -120,17 +122,15 @@ std::string ReadFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-const std::vector<Message>& Messages(std::size_t pointer_size) {
-  static std::map<std::size_t, std::vector<Message>> by_size;
-  const auto [messages, is_new] = by_size.try_emplace(pointer_size);
-  if (is_new) {
-    std::istringstream lines(ReadFile("tables/messages.txt"));
-    for (std::string line; std::getline(lines, line);) {
-      if (line.empty() || line[0] == '#') continue;
-      messages->second.push_back(ParseMessage(line, pointer_size));
-    }
+const std::vector<Message>& Messages() {
+  static std::vector<Message> messages;
+  static bool is_read = false;  // or being read: a record comes before those that hold it
+  if (std::exchange(is_read, true)) return messages;
+  std::istringstream lines(ReadFile("tables/messages.txt"));
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.empty() && line[0] != '#') messages.push_back(ParseMessage(line));
   }
-  return messages->second;
+  return messages;
 }
 
 const Message* FindMessage(std::string_view kind, std::string_view name) {
@@ -192,7 +192,7 @@ Payload::Payload(const Message& message, Arguments arguments)
 
 // "*N" behind the brackets gives a count that is not the list's own.
 void Payload::WriteArray(const std::string& type, std::string_view rest, std::byte* at) {
-  const std::size_t size = SizeOf(type, sizeof(void*)).size;
+  const std::size_t size = SizeOf(type).size;
   std::int32_t count = 0;
   Block* const block = Take(rest, '[') ? &arrays_.emplace_back(1) : nullptr;
   if (block == nullptr) TakeWord(rest);  // null

@@ -18,7 +18,6 @@
 namespace streams {
 
 struct Field {
-  std::size_t written_offset = 0;  // as the table has it, for the 32-bit target
   std::size_t offset = 0;
   std::string type;  // flag, int, long, ulong, slot, text or the name of a record
   std::string name;
@@ -37,8 +36,8 @@ struct Message {
   std::size_t alignment = 1;
 };
 
-// With the offsets for pointers of this size.
-const std::vector<Message>& Messages(std::size_t pointer_size = sizeof(void*));
+// With the offsets of this build; those of the 32-bit target are the written ones.
+const std::vector<Message>& Messages();
 // Null where there is none.
 const Message* FindMessage(std::string_view kind, std::string_view name);
 const Message* FindMessage(std::string_view kind, std::uint64_t id);

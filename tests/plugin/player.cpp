@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <span>
 #include <sstream>
 #include <stdexcept>
 #include <tuple>
@@ -18,7 +19,6 @@
 namespace streams {
 namespace {
 
-using VELLOMAR_LORIMEL::BtnParams;
 using VELLOMAR_LORIMEL::EventKey;
 
 std::uint64_t Id(std::uint32_t low, std::uint32_t high) {
@@ -39,6 +39,15 @@ Rectangle ParseRectangle(std::istream& words) {
   Rectangle area;
   words >> area.x >> area.y >> area.width >> area.height;
   return area;
+}
+
+Lines RowLines(std::span<const VELLOMAR_LORIMEL::BtnParams> rows) {
+  Lines lines;
+  for (const auto& row : rows) {
+    lines.push_back(
+        fmt::format("row {}{}", static_cast<int>(row.key), Changes(FieldsOf({}), FieldsOf(row))));
+  }
+  return lines;
 }
 
 void DestroyAll() {
@@ -77,20 +86,14 @@ Player::Player() {
   current_ = this;
   DestroyAll();
   for (auto steps : {ExportSteps(), SettingSteps(), LibrarySteps()}) steps_.merge(steps);
-  recording_log::Observe(
-      [this](const recording_log::Line& line) { stream_.Log(line); },
-      [this](const recording_log::Opening& log) {
-        stream_.Add(fmt::format("opens log {} {} {} {} {} {} {}", log.kind,
-                                log.first.value_or("null"), log.second.value_or("null"), log.module,
-                                log.reserved, log.files, log.flush));
-      });
+  recording_log::Observe([this](const recording_log::Line& line) { stream_.Log(line); });
   host_.on_call = [this](const std::string& call) { stream_.Add("loop " + call); };
   TheLibrary().report = [this](const std::string& line) { stream_.Add(line); };
 }
 
 Player::~Player() {
   DestroyAll();
-  recording_log::Observe(nullptr, nullptr);
+  recording_log::Observe(nullptr);
   current_ = nullptr;
 }
 
@@ -112,6 +115,7 @@ Lines Player::Play(const std::string& step) {
     if (at != line.npos) line.replace(at, rows_.size(), "<rows>");
   }
   if (!shows_calls_) lines = WithoutUsual(std::move(lines));
+  ReadWhatTheLibraryHolds();
   lines.insert(lines.end(), tail_.begin(), tail_.end());
   return lines;
 }
@@ -185,7 +189,7 @@ std::map<std::string, Player::Step> Player::LibrarySteps() {
              library.places[std::stoi(rest)] = ParseRectangle(area);
            }},
           {"created bar", [&](auto&) { library.ReportCreated(); }},
-          {"closed bar", [&](auto&) { library.on_closed(library.bar); }},
+          {"closed bar", [&](auto&) { library.ReportClosed(); }},
           {"created popup",
            [&](auto& rest) {
              std::istringstream words(Split(rest).second);
@@ -194,6 +198,7 @@ std::map<std::string, Player::Step> Player::LibrarySteps() {
            }},
           {"closed popup", [&](auto&) { library.on_closed(&library); }},
           {"click", [this](auto& rest) { Click(rest); }},
+          {"pick", [this](auto& rest) { Pick(rest); }},
           {"ask", [this](auto& rest) { Ask(rest); }}};
 }
 
@@ -268,21 +273,39 @@ void Player::Click(const std::string& rest) {
   event.valueText = text("value");
   event.status = number("status");
   event.groupValue = number("group");
+  spoil_ = [&] {
+    event = {};
+    for (auto& [name, word] : words) word.text.assign(word.text.size(), '#');
+  };
+  Fire(event);
+}
+
+// The plug-in's own record of a row: the library passes on what it was given.
+void Player::Pick(const std::string& rest) {
+  const auto [window, row] = Split(rest);
+  Fire(TheLibrary().rows.at(std::stoi(window))[std::stoul(row)]);
+}
+
+void Player::Fire(BtnParams& event) {
   const auto sent = [](const char* value) { return Quoted(value != nullptr ? value : ""); };
-  usual_ = {"in Manager::OnUIEvent", "  log OnUIEvent type:" + key,
+  const int key = static_cast<int>(event.key);
+  usual_ = {"in Manager::OnUIEvent", fmt::format("  log OnUIEvent type:{}", key),
             "  in Manager::OnItemValueChanged",
             fmt::format("    tell 18200573 uiEvent key={} itemName={} itemText={} tag={}", key,
                         sent(event.objectName), sent(event.text), sent(event.valueText))};
   inner_ = 1;
   TheLibrary().on_event(event);
+  spoil_ = nullptr;
 }
 
 void Player::Ask(const std::string& rest) {
   constexpr int kUntouched = -7;
   int count = kUntouched;
-  const auto [key, shown] = Split(rest);
-  const BtnParams* const rows = TheLibrary().on_show_window(EventKey{std::stoi(key)}, count);
+  const auto [window, shown] = Split(rest);
+  const int key = std::stoi(window);
+  BtnParams* const rows = TheLibrary().on_show_window(EventKey{key}, count);
   const Lines before = std::exchange(answered_[key], {});
+  TheLibrary().rows.erase(key);
   if (rows == nullptr) {
     tail_.push_back("no rows" + (count == kUntouched ? "" : fmt::format(", count {}", count)));
     return;
@@ -294,25 +317,36 @@ void Player::Ask(const std::string& rest) {
                           "<rows>",
                           count)};
   }
-  Lines& answer = answered_[key];
-  for (const BtnParams* row = rows; row != rows + count; ++row) {
-    answer.push_back(
-        fmt::format("row {}{}", static_cast<int>(row->key), Changes(FieldsOf({}), FieldsOf(*row))));
-    const std::size_t i = answer.size() - 1;
-    const bool same = i < before.size() && before[i] == answer[i];
-    if (!same || shown != "changes") tail_.push_back(answer[i]);
+  TheLibrary().rows[key] = {rows, static_cast<std::size_t>(count)};
+  answered_[key] = RowLines(TheLibrary().rows[key]);
+  for (std::size_t i = 0; i < answered_[key].size(); ++i) {
+    const std::string& line = answered_[key][i];
+    const bool same = i < before.size() && before[i] == line;
+    if (!same || shown != "changes") tail_.push_back(line);
+  }
+}
+
+// All of it is still there, and the rows are as they were.
+void Player::ReadWhatTheLibraryHolds() {
+  for (const BtnParams& record : TheLibrary().records) FieldsOf(record);
+  for (const auto& [window, rows] : TheLibrary().rows) {
+    if (RowLines(rows) != answered_[window]) tail_.push_back(fmt::format("{} differs", window));
   }
 }
 
 void Player::Hear(const char* sender, std::uint64_t id, const std::string& line) {
   const std::string name = sender != nullptr ? sender : "null";
   stream_.Add(name == "VELLOMAR_CONTROLBAR_uuid" ? line : line + " from " + name);
+  if (const auto spoil = std::exchange(spoil_, nullptr)) spoil();
   const auto reaction = reactions_.extract(id);
   if (!reaction) return;
-  stream_.Add("host " + reaction.mapped());
   const auto outer = std::tuple(std::exchange(tail_, {}), usual_, inner_);
-  Do(reaction.mapped());
-  for (const std::string& answer : tail_) stream_.Add(answer);
+  std::istringstream steps(reaction.mapped());
+  for (std::string step; std::getline(steps >> std::ws, step, ';');) {
+    stream_.Add("host " + step);
+    Do(step);
+    for (const std::string& answer : std::exchange(tail_, {})) stream_.Add(answer);
+  }
   std::tie(tail_, usual_, inner_) = outer;
 }
 

@@ -12,6 +12,7 @@
 #include "plugin/messages.h"
 #include "plugin/stream.h"
 #include "support/script_host.h"
+#include "vellomar/lorimel.h"
 
 namespace streams {
 
@@ -26,6 +27,7 @@ class Player {
   Lines Play(const std::string& step);
 
  private:
+  using BtnParams = VELLOMAR_LORIMEL::BtnParams;
   using Export = bool(std::uint32_t low, std::uint32_t high, void* payload);
   using Step = std::function<void(const std::string& rest)>;
 
@@ -40,9 +42,12 @@ class Player {
   void SendTexts(const std::string& rest);
   void Send(const Message& command, const std::string& rest);
   void Click(const std::string& rest);
+  void Pick(const std::string& rest);
+  void Fire(BtnParams& event);
   void Ask(const std::string& rest);
   void Hear(const char* sender, std::uint64_t id, const std::string& line);
   Lines WithoutUsual(Lines lines) const;
+  void ReadWhatTheLibraryHolds();
 
   static Player* current_;
   std::map<std::string, Step> steps_;
@@ -54,13 +59,14 @@ class Player {
   std::map<std::string, std::int64_t> answers_;     // to the participant request, by user id
   std::map<std::uint64_t, std::string> reactions_;  // what the host does, once, when it hears this
 
-  std::map<std::string, Lines> answered_;  // the rows of a window, by its key
+  std::map<int, Lines> answered_;  // the rows of a window, by its key
 
   // Of the step that is played:
-  Lines usual_;            // what every step of its kind begins with and is left out
-  std::size_t inner_ = 0;  // the depth of what follows: inside of it, or 0: after it
-  Lines tail_;             // answers
-  std::string rows_;       // the address of the rows, as a log line has it
+  Lines usual_;                  // what every step of its kind begins with and is left out
+  std::size_t inner_ = 0;        // the depth of what follows: inside of it, or 0: after it
+  Lines tail_;                   // answers
+  std::function<void()> spoil_;  // what the library does to its event once the host is told
+  std::string rows_;             // the address of the rows, as a log line has it
 };
 
 }  // namespace streams

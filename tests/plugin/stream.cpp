@@ -115,6 +115,7 @@ bool Stream::OpenOrClose(const std::string& text) {
 }
 
 void Stream::Log(const recording_log::Line& line) {
+  if (line.level == 0) return Add("opens log " + line.text);
   const bool ours = line.module == "vellomar_controlbar";
   if (ours && line.level == 3 && OpenOrClose(line.text)) return;
   const std::string text = Masked(line.text);

@@ -30,19 +30,6 @@ void PlayGiven(Player& player, const std::string& name) {
   }
 }
 
-// For every pair of positions, the length of the longest common sequence from there on.
-std::vector<std::vector<std::size_t>> CommonLengths(const Lines& a, const Lines& b) {
-  std::vector<std::vector<std::size_t>> lengths(a.size() + 1,
-                                                std::vector<std::size_t>(b.size() + 1));
-  for (std::size_t i = a.size(); i-- > 0;) {
-    for (std::size_t j = b.size(); j-- > 0;) {
-      lengths[i][j] =
-          a[i] == b[j] ? lengths[i + 1][j + 1] + 1 : std::max(lengths[i + 1][j], lengths[i][j + 1]);
-    }
-  }
-  return lengths;
-}
-
 }  // namespace
 
 std::vector<Block> ReadBlocks(const std::string& file) {
@@ -79,24 +66,6 @@ Lines PlayBlock(const Block& block) {
     actual.insert(actual.end(), caused.begin(), caused.end());
   }
   return actual;
-}
-
-std::string Difference(const Lines& expected, const Lines& actual) {
-  if (expected == actual) return "";
-  const auto common = CommonLengths(expected, actual);
-  std::string text;
-  for (std::size_t i = 0, j = 0; i < expected.size() || j < actual.size();) {
-    const bool more = i < expected.size(), now = j < actual.size();
-    if (more && now && expected[i] == actual[j]) {
-      text += ' ' + expected[i++] + '\n';
-      ++j;
-    } else if (!now || (more && common[i + 1][j] >= common[i][j + 1])) {
-      text += '-' + expected[i++] + '\n';
-    } else {
-      text += '+' + actual[j++] + '\n';
-    }
-  }
-  return text;
 }
 
 void Renew(const std::string& file, const Block& block, const Lines& lines) {

@@ -18,10 +18,6 @@ std::vector<Block> ReadBlocks(const std::string& file);  // "mute.txt"
 // Plays a block and answers its lines as they are now.
 std::vector<std::string> PlayBlock(const Block& block);
 
-// A unified diff with all of the lines, empty where there is no difference.
-std::string Difference(const std::vector<std::string>& expected,
-                       const std::vector<std::string>& actual);
-
 // Writes the lines in place of the block's.
 void Renew(const std::string& file, const Block& block, const std::vector<std::string>& lines);
 

@@ -17,6 +17,11 @@ void WidgetLibrary::ReportCreated() {
   on_created(bar, x, y, width, height, true, handles.size());
 }
 
+void WidgetLibrary::ReportClosed() {
+  rows.clear();
+  on_closed(bar);
+}
+
 namespace {
 
 // Reports a call; answers whether it is accepted.
@@ -91,6 +96,7 @@ bool Lorimel::CreateControlbar(const char* title, std::int64_t x, std::int64_t y
            unused, paramsCount, type, simplify);
   streams::TakeRecords(params, paramsCount);
   if (!accepted) return false;
+  library.records = {params, static_cast<std::size_t>(paramsCount)};
   library.on_created = onCreated;
   library.on_closed = onClosed;
   library.bar = &library.handles.emplace_back();
@@ -106,7 +112,7 @@ bool Lorimel::ShowControlbar(void*& handle, bool show) {
 bool Lorimel::CloseSharedControlbar() {
   WidgetLibrary& library = TheLibrary();
   if (!Call("CloseSharedControlbar") || !std::exchange(library.open, false)) return false;
-  if (!library.closed_later) library.on_closed(library.bar);
+  if (!library.closed_later) library.ReportClosed();
   return true;
 }
 

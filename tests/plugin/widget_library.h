@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -36,12 +37,17 @@ struct VELLOMAR_LORIMEL_DRIVER_API WidgetLibrary {
   VELLOMAR_LORIMEL::CreatedCallback* on_created = nullptr;
   VELLOMAR_LORIMEL::ClosedCallback* on_closed = nullptr;
 
+  // Records of the plug-in's: the library may read them, and their texts, at any time.
+  std::span<VELLOMAR_LORIMEL::BtnParams> records;              // of the newest bar
+  std::map<int, std::span<VELLOMAR_LORIMEL::BtnParams>> rows;  // of windows, until the bar's end
+
   void* bar = nullptr;         // the handle of the newest bar, also after its end
   bool open = false;           // that bar is there
   std::deque<char> handles;    // a handle is the address of one of these
   std::map<int, Fields> last;  // the records last pushed since the bar was created, by key
 
   void ReportCreated();
+  void ReportClosed();
 };
 
 VELLOMAR_LORIMEL_DRIVER_API WidgetLibrary& TheLibrary();

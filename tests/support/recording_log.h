@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 // What the code under test has logged. A test that links vellomar-recording-log in place of the log
-// library finds every line and every opening call here.
+// library finds every line here, and Observe hears of every opening.
 //
 //     recording_log::Clear();
 //     manager.SetMicVolume(50);
 //     EXPECT_TRUE(recording_log::Contains("[Controlbar] set mic volume 50"));
 //
-// Results are copies; every function may be called on any thread.
+// Results are copies. One thread only.
 #pragma once
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,28 +27,13 @@ struct Line {
   bool operator==(const Line&) const = default;
 };
 
-// A call of CreateVellomarLogger.
-struct Opening {
-  std::uint32_t kind = 0;
-  std::optional<std::string> first;  // nothing: a null pointer
-  std::optional<std::string> second;
-  std::string module;
-  int reserved = 0;
-  int files = 0;
-  int flush = 0;
-
-  bool operator==(const Opening&) const = default;
-};
-
 VELLOMAR_LOG_API std::vector<Line> Lines();
-VELLOMAR_LOG_API std::vector<Opening> Opened();
-// Calls these for every line and opening, on the thread that logs; both may be null.
-VELLOMAR_LOG_API void Observe(std::function<void(const Line&)> on_line,
-                              std::function<void(const Opening&)> on_opening);
-// Forgets lines and openings.
+// Calls this for every line, and for every opening of the log with its arguments in one line at
+// level 0. May be null.
+VELLOMAR_LOG_API void Observe(std::function<void(const Line&)> on_line);
+// Forgets the lines.
 VELLOMAR_LOG_API void Clear();
 
-VELLOMAR_LOG_API std::vector<std::string> Texts();
 VELLOMAR_LOG_API std::vector<std::string> Texts(int level);
 // Whether a line has exactly this text.
 VELLOMAR_LOG_API bool Contains(std::string_view text);
