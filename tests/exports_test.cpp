@@ -8,12 +8,13 @@
 #include <string_view>
 #include <vector>
 
-#include "headless.h"
 #include "host/library.h"
 #include "support/recording_log.h"
 #include "support/script_host.h"
 #include "support/this_process.h"
 #include "vellomar/controlbar.h"
+#include "vellomar/lorimel.h"
+#include "vellomar/lorimel_driver.h"
 
 namespace {
 
@@ -62,18 +63,18 @@ TEST(ModuleDirectoryTest, IsFoundWhateverItsName) {
 TEST(UnloadTest, ASecondLoadStartsAfresh) {
   ScriptHost host;
   const EventLoopTable table = host.Table();
-  vellomar_widgets::Headless& widgets = vellomar_widgets::TheHeadless();
-  VellomarText title{"Stand-up"};
+  VellomarInt muted{};
   VellomarShowControlbar show{};
-  for (const bool set_title : {true, false}) {
+  for (const bool mutes : {true, false}) {
     const Library library;
     library.init(nullptr, nullptr, nullptr, &table, "", "", 0);
-    if (set_title) library.call_event(VELLOMAR_COMMAND_setWindowTitle, 0, &title);
+    if (mutes) library.call_event(VELLOMAR_COMMAND_setAudioStatus, 0, &muted);
     host.RunAll();
-    widgets.Reset();
     library.call_event(VELLOMAR_COMMAND_showSharedControlbar, 0, &show);
     EXPECT_EQ(show.result, 1);
-    EXPECT_EQ(widgets.Creations().back().title, set_title ? "Stand-up" : "Default SDK Title");
+    LorimelButton button{};
+    ASSERT_TRUE(LorimelGetDriver()->button(1001, &button));
+    EXPECT_EQ(button.status, mutes ? VELLOMAR_LORIMEL::kStatusDeviceMuted : 0);
     library.call_event(VELLOMAR_COMMAND_closeSharedControlbar, 0, &show);
     library.uninit();
   }

@@ -4,39 +4,17 @@
 #include <QApplication>
 #include <QTest>
 #include <QWindow>
-#include <array>
 #include <filesystem>
-#include <memory>
 
 #include "host/scenario.h"
 #include "host/tables.h"
+#include "qt/application.h"
 
 using VELLOMAR_LORIMEL::EventKey;
 using VELLOMAR_LORIMEL::Lorimel;
 
-namespace {
-
-// The host's application, which the library then takes. It goes before the process does: the fonts
-// that it holds would pass for leaks.
-std::unique_ptr<QApplication> g_application;
-
-class Application : public testing::Environment {
-  void TearDown() override { g_application.reset(); }
-};
-const testing::Environment* const g_end = testing::AddGlobalTestEnvironment(new Application);
-
-}  // namespace
-
 QtSession::QtSession() {
-  if (g_application == nullptr) {
-    static std::string name = "qt-session";
-    static std::array<char*, 2> argv = {name.data(), nullptr};
-    static int argc = 1;
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-      qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    g_application = std::make_unique<QApplication>(argc, argv.data());
-  }
+  BringApplication();
 }
 
 void QtSession::ShowBar(const BarOptions& options) {
