@@ -7,7 +7,7 @@
 #include <mutex>
 #include <utility>
 
-#include "library.h"
+#include "model/library.h"
 
 namespace vellomar_widgets {
 namespace {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "catalog.h"
+#include "model/catalog.h"
 
 #include <algorithm>
 #include <array>
 
-#include "user_action.h"
+#include "model/user_action.h"
 
 namespace vellomar_widgets {
 namespace {

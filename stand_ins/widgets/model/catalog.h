@@ -9,7 +9,7 @@
 #include <map>
 #include <span>
 
-#include "owned_button.h"
+#include "model/owned_button.h"
 
 namespace vellomar_widgets {
 

@@ -2,7 +2,7 @@
 // The user's hands and eyes for tools and tests, on the code paths that the mouse takes too.
 #include <algorithm>
 
-#include "library.h"
+#include "model/library.h"
 
 namespace vellomar_widgets {
 namespace {

@@ -10,7 +10,7 @@
 
 #include <cstdint>
 
-#include "model.h"
+#include "model/model.h"
 #include "vellomar/lorimel_driver.h"
 
 namespace vellomar_widgets {

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "library.h"
+#include "model/library.h"
 
 namespace VELLOMAR_LORIMEL {
 namespace {

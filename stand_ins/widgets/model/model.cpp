@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The bars, and the calls of the plug-in.
-#include "model.h"
+#include "model/model.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "user_action.h"
+#include "model/user_action.h"
 
 namespace vellomar_widgets {
 

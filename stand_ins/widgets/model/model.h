@@ -17,10 +17,10 @@
 #include <string>
 #include <vector>
 
-#include "catalog.h"
-#include "owned_button.h"
+#include "model/catalog.h"
+#include "model/owned_button.h"
+#include "model/view.h"
 #include "vellomar/lorimel.h"
-#include "view.h"
 
 namespace vellomar_widgets {
 

@@ -2,8 +2,8 @@
 // The model's pop-up windows: drop-down windows and bubbles.
 #include <utility>
 
-#include "model.h"
-#include "user_action.h"
+#include "model/model.h"
+#include "model/user_action.h"
 
 namespace vellomar_widgets {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "owned_button.h"
+#include "model/owned_button.h"
 
 namespace vellomar_widgets {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "user_action.h"
+#include "model/user_action.h"
 
 #include <algorithm>
 #include <array>

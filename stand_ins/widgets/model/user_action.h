@@ -10,7 +10,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "owned_button.h"
+#include "model/owned_button.h"
 
 namespace vellomar_widgets {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "application.h"
+#include "qt/application.h"
 
 #include <dlfcn.h>
 
@@ -17,7 +17,7 @@
 #include <mutex>
 #include <string>
 
-#include "ui.h"
+#include "qt/ui.h"
 
 namespace lorimel_qt {
 namespace {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "bubble.h"
+#include "qt/bubble.h"
 
 #include <QAccessible>
 #include <QBoxLayout>
@@ -11,10 +11,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "avatar.h"
-#include "icons.h"
-#include "screen.h"
-#include "style.h"
+#include "qt/look/avatar.h"
+#include "qt/look/icons.h"
+#include "qt/look/screen.h"
+#include "qt/look/style.h"
 
 namespace lorimel_qt {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What joins the library to its model.
-#include "application.h"
-#include "library.h"
-#include "screenshot.h"
-#include "ui.h"
+#include "model/library.h"
+#include "qt/application.h"
+#include "qt/screenshot.h"
+#include "qt/ui.h"
 
 namespace lorimel_qt {
 namespace {

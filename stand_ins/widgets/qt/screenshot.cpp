@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "screenshot.h"
+#include "qt/screenshot.h"
 
 #include <QImage>
 #include <QLinearGradient>

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // The bars.
-#include "ui.h"
+#include "qt/ui.h"
 
 #include <QGuiApplication>
 #include <QScreen>
 #include <algorithm>
 #include <utility>
 
-#include "library.h"
-#include "screen.h"
-#include "style.h"
+#include "model/library.h"
+#include "qt/look/screen.h"
+#include "qt/look/style.h"
 
 namespace lorimel_qt {
 namespace {

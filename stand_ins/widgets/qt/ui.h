@@ -12,11 +12,11 @@
 #include <set>
 #include <vector>
 
-#include "accessible.h"
-#include "bar_window.h"
-#include "bubble.h"
-#include "list_window.h"
-#include "model.h"
+#include "model/model.h"
+#include "qt/access/accessible.h"
+#include "qt/bar/bar_window.h"
+#include "qt/bubble.h"
+#include "qt/list/list_window.h"
 
 namespace lorimel_qt {
 

@@ -2,12 +2,12 @@
 // The view's pop-up windows: drop-down windows and bubbles.
 #include <utility>
 
-#include "library.h"
-#include "names.h"
-#include "screen.h"
-#include "style.h"
-#include "ui.h"
-#include "user_action.h"
+#include "model/library.h"
+#include "model/user_action.h"
+#include "qt/access/names.h"
+#include "qt/look/screen.h"
+#include "qt/look/style.h"
+#include "qt/ui.h"
 
 namespace lorimel_qt {
 namespace {

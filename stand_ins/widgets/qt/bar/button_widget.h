@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// One button of a bar: an icon over a label, with a badge and its states.
+//
+//     auto* button = new ButtonWidget(spec, bar);
+//     button->on_press = [](EventKey key) { ... };
+//     button->SetRecord(record, mode);
+#pragma once
+
+#include <QTimer>
+
+#include "model/catalog.h"
+#include "qt/bar/control.h"
+
+namespace lorimel_qt {
+
+class ButtonWidget : public Control {
+ public:
+  ButtonWidget(const vellomar_widgets::ButtonSpec& spec, QWidget* parent);
+
+  const vellomar_widgets::ButtonSpec& Spec() const { return spec_; }
+  void SetRecord(const vellomar_widgets::OwnedButton& record,
+                 const vellomar_widgets::BarMode& mode);
+  void SetLabelShown(bool shown);
+  void SetMicVolume(int percent);
+
+  // The width at which nothing is cut off.
+  int NaturalWidth() const;
+  QRectF IconArea() const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QString ElidedLabel() const;
+  void UpdateToolTip();
+  QColor Background() const;
+  void PaintBackground(QPainter& painter) const;
+  void PaintPicture(QPainter& painter, const QRectF& area) const;
+  void PaintMicLevel(QPainter& painter, const QRectF& area) const;
+  void PaintSpinner(QPainter& painter, const QRectF& area) const;
+  void PaintBadge(QPainter& painter, const QRectF& icon_area) const;
+
+  const vellomar_widgets::ButtonSpec& spec_;
+  vellomar_widgets::OwnedButton record_;
+  vellomar_widgets::BarMode mode_;
+  QString label_;
+  bool label_shown_ = true;
+  int mic_volume_ = 0;
+  int spinner_angle_ = 0;
+  QTimer spinner_;
+};
+
+}  // namespace lorimel_qt
