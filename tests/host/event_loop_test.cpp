@@ -137,11 +137,8 @@ TEST_F(EventLoopTest, TakesPostsFromOtherThreads) {
   const auto post = [&] {
     for (int i = 0; i < 1000; ++i) loop.Post(Add('.'));
   };
-  std::thread one(post);
-  std::thread two(post);
+  const std::jthread one(post), two(post);
   EXPECT_TRUE(RunUntilLetters(2000));
-  one.join();
-  two.join();
 }
 
 TEST_F(EventLoopTest, WaitsWithTheStrategyThatIsPutIn) {
