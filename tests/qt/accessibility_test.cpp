@@ -22,27 +22,21 @@ class QtAccessibilityTest : public QtSession {
   }
   static QAccessible::State StateOf(const QString& name) { return Of(Named(name))->state(); }
 
-  // All that is below and can be seen.
-  static void Collect(QAccessibleInterface& from, std::vector<QAccessibleInterface*>& into) {
-    for (int i = 0; i < from.childCount(); ++i) {
-      QAccessibleInterface* child = from.child(i);
-      if (child != nullptr && !child->state().invisible) {
-        into.push_back(child);
-        Collect(*child, into);
-      }
+  // What is below, can be seen and has no parts.
+  static std::vector<QAccessibleInterface*> PartsOf(QAccessibleInterface& whole) {
+    std::vector<QAccessibleInterface*> parts;
+    for (int i = 0; i < whole.childCount(); ++i) {
+      QAccessibleInterface* child = whole.child(i);
+      if (child == nullptr || child->state().invisible) continue;
+      const auto below = PartsOf(*child);
+      parts.insert(parts.end(), below.begin(), below.end());
+      if (child->childCount() == 0) parts.push_back(child);
     }
-  }
-  static std::vector<QAccessibleInterface*> Below(QWidget& window) {
-    std::vector<QAccessibleInterface*> all;
-    Collect(*Of(&window), all);
-    return all;
+    return parts;
   }
 
   static double Luminance(QRgb colour) {
-    const auto linear = [](int part) {
-      const double s = part / 255.0;
-      return s <= 0.04045 ? s / 12.92 : std::pow((s + 0.055) / 1.055, 2.4);
-    };
+    const auto linear = [](int part) { return std::pow(part / 255.0, 2.2); };
     return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) +
            0.0722 * linear(qBlue(colour));
   }
@@ -55,11 +49,7 @@ class QtAccessibilityTest : public QtSession {
   // Against what there is most of. Edges are blended, so a few pixels have to have the contrast.
   static bool StandsOut(const QImage& image) {
     std::map<QRgb, int> count;
-    for (int y = 0; y < image.height(); ++y) {
-      for (int x = 0; x < image.width(); ++x) {
-        ++count[image.pixel(x, y)];
-      }
-    }
+    Count(image, [&count](const QColor& c) { return ++count[c.rgb()] > 0; });
     const QRgb most =
         std::ranges::max_element(count, {}, &std::pair<const QRgb, int>::second)->first;
     return Count(image, [most](const QColor& c) { return Contrast(c.rgb(), most) >= 4.5; }) > 12;
@@ -69,8 +59,8 @@ class QtAccessibilityTest : public QtSession {
   // margin.
   static void ExpectToStandOut(QWidget& window, const QImage& picture, const QRect& area) {
     constexpr int kMargin = 24;
-    for (QAccessibleInterface* item : Below(window)) {
-      if (item->role() == QAccessible::Separator || item->childCount() > 0) continue;
+    for (QAccessibleInterface* item : PartsOf(*Of(&window))) {
+      if (item->role() == QAccessible::Separator) continue;
       const QPoint at = item->rect().topLeft() - area.topLeft() + QPoint(kMargin, kMargin);
       EXPECT_TRUE(StandsOut(picture.copy(QRect(at * 2, item->rect().size() * 2))))
           << item->role() << item->text(QAccessible::Name).toStdString();
@@ -87,13 +77,11 @@ TEST_F(QtAccessibilityTest, EveryControlHasANameAndARole) {
   int controls = 0;
   for (QWidget* window : {BarWidget(), Named("颜色")->window()}) {
     EXPECT_EQ(Of(window)->role(), QAccessible::ToolBar);
-    for (QAccessibleInterface* item : Below(*window)) {
-      if (item->childCount() == 0) {
-        ++controls;
-        EXPECT_FALSE(item->text(QAccessible::Name).isEmpty());
-        EXPECT_NE(item->role(), QAccessible::Client) << item->text(QAccessible::Name).toStdString();
-        EXPECT_TRUE(window->geometry().contains(item->rect()));
-      }
+    for (QAccessibleInterface* item : PartsOf(*Of(window))) {
+      ++controls;
+      EXPECT_FALSE(item->text(QAccessible::Name).isEmpty());
+      EXPECT_NE(item->role(), QAccessible::Client) << item->text(QAccessible::Name).toStdString();
+      EXPECT_TRUE(window->geometry().contains(item->rect()));
     }
   }
   EXPECT_GE(controls, 30);
@@ -107,9 +95,13 @@ TEST_F(QtAccessibilityTest, StatesFollowTheRecords) {
   EXPECT_FALSE(StateOf("Audio").disabled);
   Send("setAudioStatus", {{"status", 2}});
   EXPECT_TRUE(StateOf("Audio").disabled) << "there is none";
+  const QImage idle = Grab(*Named("Annotate"));
   Send("setSketchLoading", {{"loading", true}});
   EXPECT_TRUE(StateOf("Annotate").busy);
   EXPECT_TRUE(StateOf("Annotate").disabled);
+  EXPECT_NE(Grab(*Named("Annotate")), idle) << "the ring";
+  Send("setSketchLoading", {{"loading", false}});
+  EXPECT_EQ(Grab(*Named("Annotate")), idle);
   EXPECT_EQ(Of(Named("Chat"))->text(QAccessible::Value), "7");
 
   EXPECT_TRUE(StateOf("More").hasPopup);
@@ -121,25 +113,17 @@ TEST_F(QtAccessibilityTest, StatesFollowTheRecords) {
 
 TEST_F(QtAccessibilityTest, RowsHaveNamesRolesAndStates) {
   ShowBar();
-  Send("setHostControlInfo", {{"selectedSecurityLevel", 3},
-                              {"enableNeedMoveToLobby", true},
-                              {"needMoveToLobby", true},
-                              {"showShareAccess", false},
-                              {"onlyHostCanReshare", 1},
-                              {"onlyHostCanShare", 0},
-                              {"reserved", 0},
-                              {"entryOnMuted", false},
-                              {"showEnableOpenMicBySelf", true},
-                              {"enableUseEnableOpenMicBySelf", false},
-                              {"enableOpenMicBySelf", true}});
+  Send("setHostControlInfo", json::parse(R"({
+    "selectedSecurityLevel": 3, "enableNeedMoveToLobby": true, "needMoveToLobby": true,
+    "showShareAccess": false, "onlyHostCanReshare": 1, "onlyHostCanShare": 0, "reserved": 0,
+    "entryOnMuted": false, "showEnableOpenMicBySelf": true, "enableUseEnableOpenMicBySelf": false,
+    "enableOpenMicBySelf": true})"));
   ASSERT_EQ(Open(1004), 15);
   QWidget* list = Window("Host Controls");
   ASSERT_NE(list, nullptr);
   EXPECT_EQ(Of(list)->role(), QAccessible::PopupMenu);
   std::map<QString, QAccessibleInterface*> rows;
-  for (QAccessibleInterface* item : Below(*list)) {
-    rows[item->text(QAccessible::Name)] = item;
-  }
+  for (QAccessibleInterface* item : PartsOf(*Of(list))) rows[item->text(QAccessible::Name)] = item;
   EXPECT_EQ(rows.at("Who can join")->role(), QAccessible::StaticText);
   EXPECT_EQ(rows.at("Signed-in users")->role(), QAccessible::RadioButton);
   EXPECT_FALSE(rows.at("Signed-in users")->state().checked);

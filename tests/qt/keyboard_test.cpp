@@ -22,10 +22,8 @@ class QtKeyboardTest : public QtSession {
   std::vector<QWidget*> TabRound() {
     std::vector<QWidget*> round;
     Key(Qt::Key_Tab);
-    for (QWidget* focus = QApplication::focusWidget();
-         focus != nullptr && std::find(round.begin(), round.end(), focus) == round.end();
-         focus = QApplication::focusWidget()) {
-      round.push_back(focus);
+    while (std::ranges::find(round, QApplication::focusWidget()) == round.end()) {
+      round.push_back(QApplication::focusWidget());
       Key(Qt::Key_Tab);
     }
     return round;
@@ -67,7 +65,6 @@ TEST_F(QtKeyboardTest, SpaceAndEnterPressWhatIsNotDisabled) {
   TabTo("Audio");
   Forget();
   Key(Qt::Key_Space);
-  EXPECT_THAT(Told(), Contains("muteAudio"));
   EXPECT_EQ(LastPayload("muteAudio"), json({{"mute", true}}));
   Key(Qt::Key_Return);
   EXPECT_EQ(LastPayload("muteAudio"), json({{"mute", false}}));
@@ -135,18 +132,12 @@ TEST_F(QtKeyboardTest, AQuestionIsAnsweredOrLeft) {
 
 TEST_F(QtKeyboardTest, TheFocusIsSeen) {
   ShowBar();
-  for (const QWidget* control : TabRound()) {
-    const QString name = control->accessibleName();
-    auto* const seen = const_cast<QWidget*>(control);
-    seen->setFocus(Qt::TabFocusReason);
-    const QImage with = Grab(*seen);
-    seen->clearFocus();
-    const QImage without = Grab(*seen);
-    int changed = 0;
-    for (int x = 0; x < with.width(); ++x) {
-      changed += with.pixel(x, 1) != without.pixel(x, 1) ? 1 : 0;
-    }
-    EXPECT_GT(changed, with.width() / 3) << name.toStdString();
+  for (QWidget* control : TabRound()) {
+    control->setFocus(Qt::TabFocusReason);
+    const QImage with = Grab(*BarWidget());
+    control->clearFocus();
+    EXPECT_GT(Differences(with, Grab(*BarWidget())), control->width())
+        << control->accessibleName().toStdString();
   }
 }
 
