@@ -2,7 +2,6 @@
 // The bar and its windows under a pointer, on a desktop.
 #include <gmock/gmock.h>
 
-#include <QPushButton>
 #include <algorithm>
 
 #include "desktop.h"
@@ -40,17 +39,6 @@ TEST_F(DesktopMouseTest, TheBarIsDragged) {
       << "at its start and at its end";
   EXPECT_EQ(Area(1000), moved);
   UserPointsAt(*BarWidget(), Handle(*BarWidget()));  // the window system has it there too
-}
-
-TEST_F(DesktopMouseTest, AQuestionIsAnswered) {
-  ShowBars();
-  EnterSubRoom();
-  UserClicks(*Named("Leave Room"));
-  ASSERT_TRUE(Eventually([] { return Window("Leave this room?") != nullptr; }));
-  EXPECT_THAT(Told(), Not(Contains("leaveSubRoom"))) << "before it is confirmed";
-  UserClicks(*Window("Leave this room?")->findChild<QPushButton*>());
-  ExpectTold("leaveSubRoom");
-  EXPECT_EQ(Window("Leave this room?"), nullptr);
 }
 
 TEST_F(DesktopMouseTest, OtherWindowsStayBelowAndTakeTheListAway) {

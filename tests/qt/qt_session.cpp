@@ -137,11 +137,6 @@ void QtSession::Key(Qt::Key key) {
   Settle();
 }
 
-void QtSession::Type(const char* text) {
-  for (; *text != '\0'; ++text) QTest::keyClick(QGuiApplication::focusWindow(), *text);
-  Settle();
-}
-
 void QtSession::TabTo(const QString& name) {
   constexpr int kMost = 60;
   for (int i = 0; i < kMost && FocusName() != name; ++i) Key(Qt::Key_Tab);

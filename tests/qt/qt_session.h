@@ -63,7 +63,6 @@ class QtSession : public testing::Test {
   void Click(const QPoint& global);
   void Drag(const QPoint& from, const QPoint& to);
   void Key(Qt::Key key);
-  void Type(const char* text);
   // Gives the control the focus, as a user does who presses Tab until it is there.
   void TabTo(const QString& name);
 
