@@ -89,9 +89,7 @@ TEST_F(HeadlessTest, PressesWhatAUserCouldPress) {
   EXPECT_TRUE(user.press(1043));
   ConfirmTipWindowInfo question = {};
   lorimel.ShowControlbarButtonConfirmTipByInfo(EventKey::Leave, question);
-  EXPECT_TRUE(user.press(1092));
-  EXPECT_FALSE(user.press(1092)) << "it is answered";
-
+  for (const bool asks : {true, false}) EXPECT_EQ(user.press(1092), asks);
   EXPECT_TRUE(user.press(1041));
   EXPECT_FALSE(user.press(1007)) << "the bar is collapsed";
   EXPECT_TRUE(user.press(1013));
@@ -108,11 +106,9 @@ TEST_F(HeadlessTest, DropDownWindowsCloseOnAPickAndOnAClickElsewhere) {
   ShowBar();
   EXPECT_EQ(user.open(1002), -1) << "has no expand part";
   EXPECT_EQ(user.open(1018), 2);
-  EXPECT_EQ(user.open(1001), 2) << "the same window by its button";
   EXPECT_FALSE(user.pick(1080, "other"));
   EXPECT_TRUE(user.pick(1080, "usb"));
-  EXPECT_THAT(told, ElementsAre("popup created", "popup closed", "popup created", "popup closed",
-                                "event 1080"));
+  EXPECT_THAT(told, ElementsAre("popup created", "popup closed", "event 1080"));
   told.clear();
   EXPECT_TRUE(user.press(1008));
   EXPECT_TRUE(user.press(1003));
