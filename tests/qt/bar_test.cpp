@@ -36,13 +36,6 @@ class QtBarStateTest : public QtSession {
     return Count(Grab(widget),
                  [](const QColor& colour) { return colour.green() > 150 && colour.red() < 120; });
   }
-  // On the bar's own background.
-  static QImage IconOf(const QString& name) {
-    const QWidget* button = Named(name);
-    constexpr int kSize = 26;
-    const QPoint place = button->mapTo(button->window(), QPoint((button->width() - kSize) / 2, 5));
-    return Grab(*button->window()).copy(QRect(place, QSize(kSize, kSize)));
-  }
 };
 
 TEST_F(QtBarStateTest, TheMicrophonesLevelRisesAndFalls) {
@@ -82,18 +75,6 @@ TEST_F(QtBarStateTest, TheSmallerBarsKeepWhatIsNeeded) {
   EXPECT_TRUE(IsShown(1001));
   EXPECT_TRUE(IsShown(1014));
   EXPECT_LT(ShownButtons().size(), all);
-}
-
-TEST_F(QtBarStateTest, IconsWithADirectionTurnWithTheText) {
-  ShowBar();
-  Send("showSketchControlbar", {{"show", true}});
-  const QImage undo = IconOf("Undo");
-  const QImage draw = IconOf("Draw");
-  SendTexts("ar");
-  const QImage turned = IconOf(QString::fromUtf8("تراجع"));
-  EXPECT_LT(Differences(turned, undo.mirrored(true, false)), 5);
-  EXPECT_GT(Differences(turned, undo), 20);
-  EXPECT_LT(Differences(IconOf(QString::fromUtf8("رسم")), draw), 5);
 }
 
 }  // namespace

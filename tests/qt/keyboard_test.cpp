@@ -93,7 +93,6 @@ TEST_F(QtKeyboardTest, AListOpensAtItsFirstRowAndEscapeLeadsBack) {
   Key(Qt::Key_Escape);
   EXPECT_EQ(session.driver()->rowCount(), 0);
   EXPECT_EQ(FocusName(), "Camera");
-  EXPECT_TRUE(BarWidget()->isActiveWindow());
 
   Forget();
   Key(Qt::Key_Return);
@@ -115,7 +114,8 @@ TEST_F(QtKeyboardTest, TheMouseLeavesTheFocusAlone) {
 
 TEST_F(QtKeyboardTest, AQuestionIsAnsweredOrLeft) {
   ShowBar();
-  EnterSubRoom();
+  Send("setHostType", {{"type", 0}});
+  Send("enterMeetingSubRoom", {{"roomId", "r1"}, {"roomName", "Group 2"}});
   TabTo("Leave Room");
   Key(Qt::Key_Return);
   EXPECT_EQ(FocusName(), "Leave");
@@ -136,7 +136,8 @@ TEST_F(QtKeyboardTest, TheFocusIsSeen) {
     control->setFocus(Qt::TabFocusReason);
     const QImage with = Grab(*BarWidget());
     control->clearFocus();
-    EXPECT_GT(Differences(with, Grab(*BarWidget())), control->width())
+    const QRect edge(control->mapTo(BarWidget(), QPoint(0, 1)), QSize(control->width(), 1));
+    EXPECT_NE(Grab(*BarWidget()).copy(edge), with.copy(edge))
         << control->accessibleName().toStdString();
   }
 }

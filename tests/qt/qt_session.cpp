@@ -72,11 +72,6 @@ void QtSession::SendParticipants(int count, const std::string& avatar) {
   Send("setRemoteControlEnabled", {{"enable", true}});
 }
 
-void QtSession::EnterSubRoom() {
-  Send("setHostType", {{"type", 0}});
-  Send("enterMeetingSubRoom", {{"roomId", "r1"}, {"roomName", "Group 2"}});
-}
-
 void QtSession::Settle() {
   EXPECT_TRUE(session.loop().RunUntilIdle(vellomar_host::EventLoop::Clock::now() +
                                           std::chrono::seconds(30)));
@@ -196,16 +191,6 @@ int QtSession::Count(const QImage& image, const std::function<bool(const QColor&
     }
   }
   return count;
-}
-
-int QtSession::Differences(const QImage& one, const QImage& other) {
-  int different = 0;
-  for (int y = 0; y < one.height(); ++y) {
-    for (int x = 0; x < one.width(); ++x) {
-      different += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) > 40 ? 1 : 0;
-    }
-  }
-  return different;
 }
 
 std::vector<std::string> QtSession::Told() const {

@@ -44,8 +44,6 @@ class QtSession : public testing::Test {
   json Send(const char* name, const json& arguments);
   void SendTexts(const std::string& language);
   void SendParticipants(int count, const std::string& avatar = "");
-  // As a plain participant, who can leave the room alone.
-  void EnterSubRoom();
   // Runs what is posted and shows what has changed.
   void Settle();
 
@@ -81,8 +79,6 @@ class QtSession : public testing::Test {
   static QImage Grab(QWidget& widget);
   // How many pixels are so.
   static int Count(const QImage& image, const std::function<bool(const QColor&)>& is_so);
-  // How many pixels are another shade, beyond what rounding does to an edge.
-  static int Differences(const QImage& one, const QImage& other);
 
   // The notifications by name since Forget.
   std::vector<std::string> Told() const;

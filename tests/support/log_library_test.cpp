@@ -8,7 +8,6 @@
 #include <fstream>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "host/library.h"
@@ -128,18 +127,6 @@ TEST_F(LogLibraryTest, KeepsAsManyFilesAsAsked) {
     sizes.push_back(entry.file_size());
   }
   EXPECT_THAT(sizes, AllOf(SizeIs(2), Each(Le(10u << 20))));
-}
-
-TEST_F(LogLibraryTest, LinesOfSeveralThreadsStayWhole) {
-  const std::string file = File("bar.log");
-  ASSERT_TRUE(Open(1, file, nullptr));
-  const auto write_many = [this](const char* module) {
-    for (int i = 0; i < 200; ++i) write(module, 3, "whole");
-  };
-  std::vector<std::jthread> threads;
-  for (const char* module : {"one", "two", "three"}) threads.emplace_back(write_many, module);
-  threads.clear();  // when they are done
-  EXPECT_THAT(Lines(file), AllOf(SizeIs(600), Each(EndsWith(" info whole"))));
 }
 
 TEST_F(LogLibraryTest, TheObserverSeesEveryLineUntilItIsRemoved) {

@@ -3,7 +3,6 @@
 // with the mouse is recorded and can be played elsewhere.
 #include "tools/workbench/bench.h"
 
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,7 +12,6 @@
 #include <fstream>
 
 #include "tests/workbench/bench_fixture.h"
-#include "vellomar/log.h"
 
 namespace vellomar_workbench {
 namespace {
@@ -104,18 +102,6 @@ TEST_F(BenchTest, WhatTheMouseDoesIsRecordedAndPlaysInTheOtherTool) {
                                    "--widgets", widgets};
     EXPECT_EQ(QProcess::execute(VELLOMAR_HOST_PATH, arguments), 0) << widgets << text;
   }
-}
-
-TEST(BenchWithoutObserver, SaysThatTheLogCannotBeSeen) {
-  // Has the log library's name, and not its observer: the plug-in gets the one that is there.
-  void* silent = dlopen(VELLOMAR_SILENT_LOG_PATH, RTLD_NOW);
-  ASSERT_NE(silent, nullptr) << dlerror();
-  {
-    Bench bench(VELLOMAR_LORIMEL_PATH);
-    ASSERT_EQ(bench.Load(VELLOMAR_PLUGIN_PATH), std::nullopt);
-    EXPECT_FALSE(bench.observes_log());
-  }
-  dlclose(silent);
 }
 
 }  // namespace
