@@ -9,8 +9,6 @@
 #include <sstream>
 
 #include "host/library.h"
-#include "host/payload.h"
-#include "host/session.h"
 #include "tests/host/error_of.h"
 
 namespace vellomar_host {
@@ -102,21 +100,6 @@ TEST(Player, RefusesLibrariesThatLackWhatIsNeeded) {
   const SharedLibrary headless(VELLOMAR_WIDGETS_PATH);
   EXPECT_THAT(error(VELLOMAR_PLUGIN_PATH, VELLOMAR_LOG_PATH),
               StartsWith("s.json:1: the step acts on the widgets"));
-}
-
-// A host waits in the pump while the user acts; the wait must end with what the user did.
-TEST(Session, ANotificationEndsTheWaitInThePump) {
-  std::ostringstream out;
-  Transcript transcript(out, Transcript::Form::kNone);
-  Session session(Options().files, {}, transcript);
-  session.Send(*FindCommand("setTextMap"), {{"ids", {10014}}, {"texts", {"Stop"}}});
-  const nlohmann::json display = {{"x", 0}, {"y", 0}, {"width", 800}, {"height", 600}};
-  ASSERT_TRUE(session.loop().RunUntilIdle(EventLoop::Clock::now() + std::chrono::seconds(30)));
-  session.Send(*FindCommand("showSharedControlbar"), {{"display", display}});
-  session.driver()->pump(0);  // takes what woke it so far
-  ASSERT_TRUE(session.driver()->press(ReadKey("StopSharing")));
-  EXPECT_EQ(session.notifications().back().notification->name, "stopSharing");
-  session.driver()->pump(600'000);  // without the wake the test runs into its time limit
 }
 
 }  // namespace

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-// The trace of log lines, and of the plug-in at work: begins and ends pair and nest.
+// The trace of log lines: begins and ends pair and nest.
 #include "host/trace_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <thread>
 
 #include "host/host_error.h"
-#include "host/player.h"
+#include "host/scenario.h"
 
 namespace vellomar_host {
 namespace {
@@ -65,20 +65,6 @@ TEST_F(TraceFileTest, ScopesNestWhateverTheLinesSay) {
   EXPECT_EQ(events[6]["ts"], 10) << "time does not go back";
   EXPECT_EQ(events[0]["tid"], events[1]["tid"]);
   EXPECT_NE(events[0]["tid"], events[2]["tid"]);
-}
-
-TEST_F(TraceFileTest, HoldsThePluginsScopesFromTheFirstToTheLast) {
-  {
-    TraceFile trace(file_);
-    std::ostringstream out;
-    Transcript transcript(out, Transcript::Form::kNone);
-    PlayOptions options{.files = {VELLOMAR_PLUGIN_PATH, VELLOMAR_WIDGETS_PATH, ""},
-                        .on_log = [&](const LogLine& line) { trace.Write(line); }};
-    ASSERT_EQ(PlayScenario({}, options, transcript), std::nullopt);
-  }
-  const auto events = Events(Read());
-  EXPECT_EQ(events.front(), "B ExportedInit");
-  EXPECT_EQ(events.back(), "E ExportedUninit");
 }
 
 TEST_F(TraceFileTest, AFileThatCannotBeWrittenIsTold) {

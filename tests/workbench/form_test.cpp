@@ -36,13 +36,6 @@ class CommandFormTest : public BenchTest {
     return found;
   }
 
-  static QPushButton* SendButton(QWidget& form) {
-    for (auto* button : form.findChildren<QPushButton*>()) {
-      if (button->text().startsWith("Send ")) return button;
-    }
-    return nullptr;
-  }
-
   std::vector<json> sent;  // the arguments of the commands
 };
 
@@ -51,7 +44,7 @@ TEST_F(CommandFormTest, EveryCommandHasAnEditorForEachFieldAndCanBeSentAsItIs) {
     CommandForm form(bench, command);
     const FormModel model(command);
     for (const auto& field : model.fields()) Find<QWidget>(form, field.name);
-    SendButton(form)->click();
+    form.Send();
   }
   EXPECT_EQ(sent.size(), vellomar_host::Commands().size());
 }
@@ -61,7 +54,7 @@ TEST_F(CommandFormTest, WhatIsTypedIsSentAndAFaultIsShownBesideTheField) {
   auto* line = Find<QLineEdit>(form, "status");
   line->clear();
   QTest::keyClicks(line, "2x");
-  EXPECT_FALSE(SendButton(form)->isEnabled());
+  EXPECT_FALSE(form.findChild<QPushButton*>()->isEnabled());
   const auto labels = line->parentWidget()->findChildren<QLabel*>();
   EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
     return !label->isHidden() && label->text().contains("not \"2x\"");
