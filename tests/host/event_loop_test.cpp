@@ -140,15 +140,13 @@ TEST_F(EventLoopTest, TakesPostsFromOtherThreads) {
 
 TEST_F(EventLoopTest, WaitsWithTheStrategyThatIsPutIn) {
   std::vector<std::int32_t> waits;
-  int wakes = 0;
   loop.SetWaiting({[&](std::int32_t max_ms) {
                      waits.push_back(max_ms);
                      if (waits.size() == 2) loop.Quit();
                    },
-                   [&] { ++wakes; }});
+                   [] {}});
   loop.Post([&] { loop.Post([] {}); });
   loop.PostDelayed(milliseconds(500), [] {});
-  EXPECT_EQ(wakes, 2);
   loop.Run();
   ASSERT_EQ(waits.size(), 2U);
   EXPECT_EQ(waits[0], 0) << "a task is posted";

@@ -64,7 +64,6 @@ TEST_F(LogModelTest, TheOldestGoAndWhatWasOpenIsClosedAllTheSame) {
   Append({"entry Old"});
   Append(std::vector<std::string>(LogModel::kMostRows, "line"));
   EXPECT_LE(static_cast<std::size_t>(model.rowCount()), LogModel::kMostRows);
-  EXPECT_EQ(model.index(0, LogModel::kText).data(LogModel::kDepthRole), 1);
   Append({"entry New", "exit New, cost : 5", "exit Old, cost : 9"});
   const int last = model.rowCount() - 1;
   EXPECT_EQ(model.index(last - 1, LogModel::kCost).data(), "5");
