@@ -5,7 +5,7 @@
 
 #include <QAccessible>
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
 #include <map>
 
 #include "qt_session.h"
