@@ -92,15 +92,12 @@ void DesktopTest::UserClicks(const QWidget& widget, const QPoint& at) {
 void DesktopTest::UserDragsBar(const QPoint& by) {
   constexpr int kSteps = 8;
   UserPointsAt(*BarWidget(), Handle(*BarWidget()));
-  const QPoint from = BarWidget()->mapToGlobal(Handle(*BarWidget()));
+  const QPoint step = by / kSteps;
   QStringList arguments = {"mousedown", "1"};
-  for (int step = 1; step <= kSteps; ++step) {
-    const QPoint point = from + by * step / kSteps;
-    arguments << "mousemove" << QString::number(point.x()) << QString::number(point.y());
+  for (int i = 0; i < kSteps; ++i) {
+    arguments += {"mousemove_relative", "--", QString::number(step.x()), QString::number(step.y())};
   }
-  arguments << "mouseup"
-            << "1";
-  desktop::Run("xdotool", arguments);
+  desktop::Xdotool(arguments + QStringList{"mouseup", "1"});
 }
 
 void DesktopTest::UserPicks(const std::string& row) {

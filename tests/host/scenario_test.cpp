@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "tests/host/error_of.h"
 
 namespace vellomar_host {
@@ -15,32 +13,19 @@ std::string FaultOf(const std::string& text) {
   return ErrorOf([&] { ParseScenario(text, "s.json"); });
 }
 
-TEST(Scenario, ReadsStepsInOrderWithTheirLines) {
+TEST(Scenario, TellsTheLineOfEveryStep) {
   const Scenario scenario = ParseScenario(R"({
     "name": "a, [b] {\"c\"}", "participantAnswers": {"u1": -1},
     "steps": [{"note": "first"}, {"press":
         "MuteAudio"},
 
-      {"open": 1020, "rows": 3}, {"pick": "CameraItem", "value": "cam-2"},
-      {"waitFor": {"notification": "uiEvent", "payload": {"key": "Chat"}}, "within": 10}
+      {"open": 1020, "rows": 3}, {"pick": "CameraItem", "value": "cam-2"}
     ]})",
                                           "folder/s.json");
   EXPECT_EQ(scenario.participant_answers.at("u1"), -1);
   std::vector<int> lines;
   for (const Step& step : scenario.steps) lines.push_back(step.line);
-  EXPECT_EQ(lines, (std::vector{3, 3, 6, 6, 7}));
-  EXPECT_EQ(std::get<PressStep>(scenario.steps.at(1).action).key, 1001);
-  EXPECT_EQ(std::get<OpenStep>(scenario.steps.at(2).action).rows, 3);
-  EXPECT_EQ(std::get<PickStep>(scenario.steps.at(3).action).value, "cam-2");
-  const auto& wait = std::get<WaitForStep>(scenario.steps.at(4).action);
-  EXPECT_EQ(wait.payload, nlohmann::json({{"key", 1007}}));
-  EXPECT_EQ(wait.within, std::chrono::milliseconds(10));
-}
-
-TEST(Scenario, TellsTheLineOfBrokenJson) {
-  EXPECT_TRUE(FaultOf("{\n\"steps\": [\n{\"note\": }\n]}").starts_with("s.json:3: syntax error"));
-  EXPECT_TRUE(FaultOf("{\"name\": \"\xff\"}").starts_with("s.json:1: "));
-  EXPECT_EQ(FaultOf(" \r\n\t"), "s.json:1: the file is empty");
+  EXPECT_EQ(lines, (std::vector{3, 3, 6, 6}));
 }
 
 TEST(Scenario, TellsEveryFaultWithItsLine) {
@@ -62,8 +47,11 @@ TEST(Scenario, TellsEveryFaultWithItsLine) {
       {"{\n\"steps\": 5}", "s.json:2: \"steps\" should be a list"},
       {"{\"steps\": [],\n\"participantAnswers\": {\"u\": \"x\"}}",
        "s.json:2: the answer for participant \"u\" should be an integer"},
+      {" \r\n\t", "s.json:1: the file is empty"},
   };
   for (const auto& [text, fault] : cases) EXPECT_EQ(FaultOf(text), fault);
+  EXPECT_TRUE(FaultOf("{\n\"steps\": [\n{\"note\": }\n]}").starts_with("s.json:3: syntax error"));
+  EXPECT_TRUE(FaultOf("{\"name\": \"\xff\"}").starts_with("s.json:1: "));
 }
 
 TEST(Scenario, ChecksEveryKindOfStep) {
@@ -71,22 +59,16 @@ TEST(Scenario, ChecksEveryKindOfStep) {
       {"5", "a step is an object"},
       {R"({"wait": true})", R"({"wait":true} is not a step)"},
       {R"({"press": "Leave", "note": "x"})", R"(a step "press" has no "note")"},
-      {R"({"press": "leave"})", R"(expected a key's number or name, got "leave")"},
       {R"({"send": "getControlbarPosition", "expect": {"result": true}})",
        R"(the answer of getControlbarPosition has no "result")"},
       {R"({"open": 1020, "rows": -1})", R"("rows" should be a number from 0 up, not -1)"},
       {R"({"pick": 1081, "value": 2})", R"("value" should be a text, not 2)"},
-      {R"({"pick": 1081, "refused": 1})", R"("refused" should be true or false, not 1)"},
       {R"({"waitIdle": false})", R"("waitIdle" should be true)"},
-      {R"({"waitFor": "muteAudio"})", R"("waitFor" should be an object)"},
-      {R"({"waitFor": {"notification": "mute"}})", R"(there is no notification "mute")"},
       {R"({"waitFor": {"notification": "muteAudio", "payload": {"mute": 1}}})",
        R"(the payload of muteAudio: "mute" should be true or false, not 1)"},
-      {R"({"expectButton": {"text": "Mute"}})", R"("key" is missing)"},
       {R"({"expectButton": {"key": 1001, "label": "x"}})", R"(a button has no "label")"},
       {R"({"expectRow": {"index": 0, "status": "on"}})",
        R"("status" should be a number, not "on")"},
-      {R"({"respond": {"avatarKey": "a"}})", R"("avatarPath" is missing)"},
       {R"({"screenshot": "../x.png"})", R"("../x.png" is not a plain file name)"},
       {R"({"send": "setTextMap", "args": {"file": "absent.json"}})",
        R"(cannot read "absent.json")"},
@@ -101,12 +83,9 @@ TEST(Scenario, ChecksEveryKindOfStep) {
 TEST(Scenario, TheTextsHaveTheSameIdsAndPlaceholdersInEveryLanguage) {
   const std::filesystem::path texts = std::filesystem::path(VELLOMAR_SCENARIOS) / "texts";
   const auto placeholders = [](const std::filesystem::path& file) {
-    const auto file_texts = nlohmann::json::parse(ReadFile(file));
-    std::map<std::string, bool> result;
-    for (const auto& [id, text] : file_texts.items()) {
-      result[id] = text.get<std::string>().find("{{") != std::string::npos;
-    }
-    return result;
+    nlohmann::json found = nlohmann::json::parse(ReadFile(file));
+    for (auto& text : found) text = text.get<std::string>().find("{{") != std::string::npos;
+    return found;
   };
   for (const auto& entry : std::filesystem::directory_iterator(texts)) {
     EXPECT_EQ(placeholders(entry), placeholders(texts / "en.json")) << entry.path();

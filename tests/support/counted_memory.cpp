@@ -47,6 +47,14 @@ void* operator new(std::size_t size) {
   counted_memory::bytes_in_use += malloc_usable_size(block);
   return block;
 }
+// The standard library's own would do, but not the sanitizers'.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  try {
+    return operator new(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 void operator delete(void* block) noexcept {
   if (block != nullptr) counted_memory::bytes_in_use -= malloc_usable_size(block);
   std::free(block);

