@@ -15,10 +15,11 @@ set_target_properties(controlbar-host PROPERTIES
   INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 
 set_target_properties(vellomar-headers PROPERTIES EXPORT_NAME headers)
+set_target_properties(vellomar-dev-headers PROPERTIES EXPORT_NAME dev-headers)
 set_target_properties(vellomar-controlbar PROPERTIES EXPORT_NAME controlbar)
 set_target_properties(vellomar-log-dll PROPERTIES EXPORT_NAME log)
 
-install(TARGETS vellomar-headers ${libraries}
+install(TARGETS vellomar-headers vellomar-dev-headers ${libraries}
   EXPORT vellomar-controlbar
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
@@ -39,7 +40,8 @@ else()
   install(TARGETS vellomar-lorimel-headless
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}/vellomar/headless")
 endif()
-install(DIRECTORY include/vellomar DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+install(DIRECTORY include/vellomar stand_ins/include/vellomar_dev
+  DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(DIRECTORY docs/ DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs")
 install(DIRECTORY scenarios/ DESTINATION "${CMAKE_INSTALL_DATADIR}/vellomar-controlbar/scenarios")
 install(FILES LICENSE README.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")

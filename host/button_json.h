@@ -6,7 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace vellomar_host {
 

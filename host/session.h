@@ -25,8 +25,8 @@
 #include "host/plugin.h"
 #include "host/tables.h"
 #include "host/transcript.h"
-#include "vellomar/log_observer.h"
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/log_observer.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace vellomar_host {
 

@@ -2,7 +2,7 @@
 /* The public headers as a host written in C sees them: they compile, and the ids are constants. */
 #include "vellomar/controlbar.h"
 #include "vellomar/log.h"
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 _Static_assert(VELLOMAR_COMMAND_setTextMap == 28200737, "a command's id");
 _Static_assert(VELLOMAR_NOTIFY_muteAudio == 18200594, "a notification's id");

@@ -14,7 +14,7 @@
 #include "support/this_process.h"
 #include "vellomar/controlbar.h"
 #include "vellomar/lorimel.h"
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace {
 

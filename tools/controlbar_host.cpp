@@ -19,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include "host/keys.h"
 #include "host/player.h"
 #include "host/scenario.h"
 #include "host/tables.h"
@@ -94,6 +95,19 @@ int PrintNotifications(bool markdown) {
   return kOk;
 }
 
+int PrintKeys(bool markdown) {
+  if (markdown) {
+    fmt::print("{}", vellomar_tools::KeysAsMarkdown());
+    return kOk;
+  }
+  std::vector<Row> rows = {{"KEY", "NAME", "WHAT IT IS"}};
+  for (const auto& row : vellomar_host::Keys()) {
+    rows.push_back({std::to_string(row.key), std::string(row.name), std::string(row.meaning)});
+  }
+  PrintTable(rows);
+  return kOk;
+}
+
 int Play(const PlayArguments& arguments) {
   using vellomar_host::Transcript;
   const auto scenario = vellomar_host::LoadScenario(arguments.scenario);
@@ -148,8 +162,9 @@ int Run(int argc, char** argv) {
   auto* commands = app.add_subcommand("commands", "print the commands that the plug-in takes");
   auto* notifications =
       app.add_subcommand("notifications", "print the notifications that the plug-in sends");
+  auto* keys = app.add_subcommand("keys", "print the keys of buttons and list rows");
   bool markdown = false;
-  for (auto* table : {commands, notifications}) {
+  for (auto* table : {commands, notifications, keys}) {
     table->add_flag("--markdown", markdown, "as a page of Markdown, with offsets and sizes");
   }
   try {
@@ -158,6 +173,7 @@ int Run(int argc, char** argv) {
     return app.exit(error) == 0 ? kOk : kCannotRun;
   }
   if (play->parsed()) return Play(arguments);
+  if (keys->parsed()) return PrintKeys(markdown);
   return commands->parsed() ? PrintCommands(markdown) : PrintNotifications(markdown);
 }
 

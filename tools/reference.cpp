@@ -10,6 +10,7 @@
 #include <set>
 #include <string_view>
 
+#include "host/keys.h"
 #include "host/layout.h"
 #include "host/tables.h"
 
@@ -151,6 +152,21 @@ std::string NotificationsAsMarkdown() {
   for (const auto& notification : notifications) {
     text += fmt::format("| {} | `{}` | {} | {} |\n", notification.id, notification.name,
                         LayoutOf(notification.fields).size, FieldsWithOffsets(notification.fields));
+  }
+  return text;
+}
+
+std::string KeysAsMarkdown() {
+  std::string text =
+      "# Keys\n\n"
+      "What the buttons of the bars and the rows of their lists are called and numbered: "
+      "`EventKey` in\n`vellomar/lorimel.h`, the same names in scenarios and in the tools. This page "
+      "is printed by\n`controlbar-host keys --markdown` from "
+      "`include/vellomar/event_key_table.def`.\n\n"
+      "| key | name | what it is |\n"
+      "|---|---|---|\n";
+  for (const auto& row : vellomar_host::Keys()) {
+    text += fmt::format("| {} | `{}` | {} |\n", row.key, row.name, row.meaning);
   }
   return text;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The commands and notifications in print, as Markdown: docs/commands.md and docs/notifications.md.
+// The commands, notifications and keys in print, as Markdown: docs/commands.md,
+// docs/notifications.md, docs/keys.md.
 //
 //   std::string page = CommandsAsMarkdown();
 //
@@ -12,5 +13,6 @@ namespace vellomar_tools {
 
 std::string CommandsAsMarkdown();
 std::string NotificationsAsMarkdown();
+std::string KeysAsMarkdown();
 
 }  // namespace vellomar_tools

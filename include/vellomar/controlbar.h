@@ -28,8 +28,10 @@
 #include <stdbool.h>
 #include <stdint.h>
 
+#include "vellomar/abi.h"
 #include "vellomar/command_records.h"
 #include "vellomar/notification_records.h"
+#include "vellomar/version.h"
 
 #if defined(_WIN32)
 #  if defined(VELLOMAR_CONTROLBAR_BUILD)
@@ -48,87 +50,102 @@ extern "C" {
 /* The host's notification entry point. `sender` is VELLOMAR_SENDER, `payload` the record that
  * vellomar/notification_table.def names for the id, or null for one without payload. Record and
  * texts belong to the plug-in and are freed when the call returns. [UI thread of the widgets] */
-typedef void Notify(const char* sender, uint32_t id_low, uint32_t id_high, void* payload);
+typedef void VELLOMAR_ABI VellomarNotify(const char* sender, uint32_t id_low, uint32_t id_high,
+                                         void* payload);
 
 /* The host's request entry point. The host writes its answer into `record` before it returns. The
  * one request in use is VELLOMAR_REQUEST_PARTICIPANT. [loop thread] */
-typedef void SendRequest(const char* sender, uint32_t id_low, uint32_t id_high, void* record);
+typedef void VELLOMAR_ABI VellomarSendRequest(const char* sender, uint32_t id_low, uint32_t id_high,
+                                              void* record);
 
 /* The identity under which the plug-in sends requests and notifications. */
 #define VELLOMAR_SENDER "VELLOMAR_CONTROLBAR_uuid"
 
 /* What the plug-in gives the host's loop to call back, with the context that came with it. */
-typedef void LoopCallback(void* context);
+typedef void VELLOMAR_ABI VellomarLoopCallback(void* context);
 
 /* The host's event loop: sixteen functions, in this order. The host owns the record, the plug-in
  * copies it at ExportedInit. Every slot may be null; what needs it is then skipped and answers 0.
  * The host calls a one-shot callback once at most, and never after it has unloaded the library. */
-typedef struct EventLoopTable {
-  /* 1: forwarded as is. */
-  uint32_t (*queryFn)(uint32_t first, uint32_t second);
+typedef struct VellomarEventLoopTable {
+  /* 1: a question to the host, whose answer is forwarded as it is; the plug-in asks none yet. */
+  uint32_t(VELLOMAR_ABI* queryFn)(uint32_t first, uint32_t second);
   /* 2: calls back at every turn of the loop until removed; answers an id for slot 3. */
-  uint64_t (*addObserverFn)(LoopCallback* callback, void* context);
-  /* 3 */
-  void (*removeObserverFn)(uint64_t id);
+  uint64_t(VELLOMAR_ABI* addObserverFn)(VellomarLoopCallback* callback, void* context);
+  /* 3: ends what slot 2 began; the id is the one that it answered. */
+  void(VELLOMAR_ABI* removeObserverFn)(uint64_t id);
   /* 4: calls back again and again, `value` apart in the host's own unit, until stopped by slot 5.
    */
-  uint64_t (*startTimerFn)(uint64_t value, LoopCallback* callback, void* context);
-  /* 5 */
-  void (*stopTimerFn)(uint64_t id);
+  uint64_t(VELLOMAR_ABI* startTimerFn)(uint64_t value, VellomarLoopCallback* callback,
+                                       void* context);
+  /* 5: ends what slot 4 began. The callback is not called any more when it returns. */
+  void(VELLOMAR_ABI* stopTimerFn)(uint64_t id);
   /* 6: calls back once, after `value` in the host's own unit. */
-  uint64_t (*postDelayedFn)(uint64_t value, LoopCallback* callback, void* context);
-  /* 7 */
-  void (*cancelDelayedFn)(uint64_t id);
+  uint64_t(VELLOMAR_ABI* postDelayedFn)(uint64_t value, VellomarLoopCallback* callback,
+                                        void* context);
+  /* 7: ends what slot 6 began; an id that is not pending is ignored. */
+  void(VELLOMAR_ABI* cancelDelayedFn)(uint64_t id);
   /* 8: has called back, on the loop's thread, when it returns. */
-  void (*runSyncFn)(LoopCallback* callback, void* context);
+  void(VELLOMAR_ABI* runSyncFn)(VellomarLoopCallback* callback, void* context);
   /* 9: calls back once; the route of the posted commands. Ids are the host's, unique while pending.
    */
-  uint64_t (*postFn)(LoopCallback* callback, void* context);
+  uint64_t(VELLOMAR_ABI* postFn)(VellomarLoopCallback* callback, void* context);
   /* 10: as slot 8, with a result that is forwarded. */
-  uint32_t (*runSyncAltFn)(LoopCallback* callback, void* context);
+  uint32_t(VELLOMAR_ABI* runSyncAltFn)(VellomarLoopCallback* callback, void* context);
   /* 11, 12: two further one-shot routes. */
-  uint64_t (*postAlt1Fn)(LoopCallback* callback, void* context);
-  uint64_t (*postAlt2Fn)(LoopCallback* callback, void* context);
+  uint64_t(VELLOMAR_ABI* postAlt1Fn)(VellomarLoopCallback* callback, void* context);
+  uint64_t(VELLOMAR_ABI* postAlt2Fn)(VellomarLoopCallback* callback, void* context);
   /* 13: cancels what slots 9 and 11 posted. It serves both on purpose. */
-  void (*cancelTaskFn)(uint64_t id);
+  void(VELLOMAR_ABI* cancelTaskFn)(uint64_t id);
   /* 14: kept for the layout, never read. */
-  void (*unreadFn)(uint64_t id);
+  void(VELLOMAR_ABI* unreadFn)(uint64_t id);
   /* 15: cancels what slot 12 posted. */
-  void (*cancelAlt2Fn)(uint64_t id);
-  /* 16: forwarded as is. */
-  uint32_t (*query3Fn)(uint32_t first, uint32_t second, uint32_t third);
-} EventLoopTable;
+  void(VELLOMAR_ABI* cancelAlt2Fn)(uint64_t id);
+  /* 16: as slot 1, with three words. */
+  uint32_t(VELLOMAR_ABI* query3Fn)(uint32_t first, uint32_t second, uint32_t third);
+} VellomarEventLoopTable;
+
+/* The names without a prefix that hosts were written with. */
+typedef VellomarNotify Notify;
+typedef VellomarSendRequest SendRequest;
+typedef VellomarLoopCallback LoopCallback;
+typedef VellomarEventLoopTable EventLoopTable;
 
 /* Opens the log and takes the host's entry points; any pointer may be null. `first`, `second` and
  * `kind` go to the log library as they are (CreateVellomarLogger). `loop` is copied. A second call
  * keeps all state and stores the new pointers. Always true. [loop thread] */
-VELLOMAR_CONTROLBAR_API bool ExportedInit(SendRequest* request, Notify* notify, void* host,
-                                          const EventLoopTable* loop, const char* first,
-                                          const char* second, uint32_t kind);
+VELLOMAR_CONTROLBAR_API bool VELLOMAR_ABI ExportedInit(VellomarSendRequest* request,
+                                                       VellomarNotify* notify, void* host,
+                                                       const VellomarEventLoopTable* loop,
+                                                       const char* first, const char* second,
+                                                       uint32_t kind);
 
 /* Traced in the log and otherwise without effect. Always true. [loop thread] */
-VELLOMAR_CONTROLBAR_API bool ExportedStart(void);
-VELLOMAR_CONTROLBAR_API bool ExportedStop(void);
+VELLOMAR_CONTROLBAR_API bool VELLOMAR_ABI ExportedStart(void);
+VELLOMAR_CONTROLBAR_API bool VELLOMAR_ABI ExportedStop(void);
 
 /* Removes the observer, stops the timers and forgets the host's pointers. Tasks that are still
  * posted may run until the library is unloaded. Always true. [loop thread] */
-VELLOMAR_CONTROLBAR_API bool ExportedUninit(void);
+VELLOMAR_CONTROLBAR_API bool VELLOMAR_ABI ExportedUninit(void);
 
 /* Hands a response to a request (vellomar/command_records.h) to the plug-in, which copies what it
  * keeps. True even where nothing handles it. [loop thread] */
-VELLOMAR_CONTROLBAR_API bool ExportedOnReceive(uint32_t id_low, uint32_t id_high, void* payload);
+VELLOMAR_CONTROLBAR_API bool VELLOMAR_ABI ExportedOnReceive(uint32_t id_low, uint32_t id_high,
+                                                            void* payload);
 
 /* Hands a delegate call to the plug-in, which has no handler for any. Always true. [loop thread] */
-VELLOMAR_CONTROLBAR_API bool ExportedOnDelegate(uint32_t id_low, uint32_t id_high, void* payload);
+VELLOMAR_CONTROLBAR_API bool VELLOMAR_ABI ExportedOnDelegate(uint32_t id_low, uint32_t id_high,
+                                                             void* payload);
 
 /* Sends a command. `payload` is its record; it is read before the call returns, and the four Sync
  * commands have written their answer into it by then. False when it is null or the id is unknown:
  * the result says that the command exists, not that it succeeded. [loop thread] */
-VELLOMAR_CONTROLBAR_API bool ExportedCallEvent(uint32_t id_low, uint32_t id_high, void* payload);
+VELLOMAR_CONTROLBAR_API bool VELLOMAR_ABI ExportedCallEvent(uint32_t id_low, uint32_t id_high,
+                                                            void* payload);
 
 /* Releases what the plug-in keeps for the answer to the Sync command with this id. The next answer
  * to the same id releases it too. Always true. [loop thread] */
-VELLOMAR_CONTROLBAR_API bool ExportedCallDrop(uint32_t key_low, uint32_t key_high);
+VELLOMAR_CONTROLBAR_API bool VELLOMAR_ABI ExportedCallDrop(uint32_t key_low, uint32_t key_high);
 
 #ifdef __cplusplus
 } /* extern "C" */

@@ -16,6 +16,7 @@
 
 #include <stdint.h>
 
+#include "vellomar/abi.h"
 #include "vellomar/record_layout.h"
 
 // On Windows the library follows the Microsoft C++ ABI. A library built with MinGW exports the
@@ -32,91 +33,15 @@
 
 namespace VELLOMAR_LORIMEL {
 
-// Buttons and list items. The numbers are the widget library's; the bar's own are 1000 to 1091.
+// Buttons and list items. The numbers are the widget library's; docs/keys.md says what each is.
 enum class EventKey : int32_t {
-  GroupHeader = -1,   // a caption in a list, not clickable
-  MainWindow = 1000,  // the bar itself, for GetPositionByEventKey
-  MuteAudio = 1001,
-  MuteCamera = 1002,
-  Participants = 1003,
-  HostControl = 1004,
-  AnnotatePermission = 1005,
-  RemoteControl = 1006,
-  Chat = 1007,
-  More = 1008,
-  Interpretation = 1009,
-  Reaction = 1010,
-  AskHostForHelp = 1011,
-  ShareNew = 1012,
-  StopSharing = 1013,
-  Leave = 1014,
-  Record = 1015,
-  AudioDevices = 1018,
-  Speaker = 1019,
-  CameraDevices = 1020,
-  JoinPermission = 1022,
-  MoveNew = 1023,
-  OnlyHostShare = 1024,
-  OnlyHostReshare = 1025,
-  NewParticipantMic = 1026,
-  MicOperate = 1027,
-  MuteAll = 1028,
-  CancelMuteAll = 1029,
-  Subtitles = 1031,
-  LiveStream = 1032,
-  Labs = 1033,
-  PhoneInvite = 1034,
-  SipInvite = 1035,
-  ShareAudio = 1037,
-  ParticipantRow = 1039,
-  StopRemoteControl = 1040,
-  ControlbarSwitch = 1041,
-  Annotate = 1042,
-  SketchSelect = 1043,
-  SketchMouse = 1044,
-  SketchPen = 1045,
-  SketchColor = 1046,
-  SketchUndo = 1047,
-  SketchClear = 1048,
-  SketchPen1 = 1050,
-  SketchPen2 = 1051,
-  SketchPen3 = 1052,
-  SketchPen4 = 1053,
-  SketchPen5 = 1054,
-  SketchColorNone = 1055,
-  SketchColor1 = 1056,
-  SketchColor2 = 1057,
-  SketchColor3 = 1058,
-  SketchColor4 = 1059,
-  SketchClearMine = 1060,
-  SketchClearOthers = 1061,
-  SketchClearAll = 1062,
-  HostControlWindow = 1065,
-  NetworkStrength = 1067,
-  RecordIndicator = 1069,
-  InfoText = 1070,
-  MeetingIdExpand = 1071,
-  SharingIndicator = 1072,
-  PauseIndicator = 1073,
-  ShareMeetingName = 1074,
-  SharingOptions = 1075,
-  LiveIndicator = 1076,
-  WidgetMoving = 1077,
-  ExternalMeeting = 1078,
-  SubRoomName = 1079,
-  MicrophoneItem = 1080,
-  CameraItem = 1081,
-  InterpretationItem = 1082,
-  ManageInterpretation = 1083,
-  Separator = 1084,
-  MuteOrigin = 1085,
-  OptimizeForVideoClips = 1086,
-  KeepMyVideoOnTheScreen = 1087,
-  OnlyThePresenterCanAnnotate = 1088,
-  TestSpeakMic = 1089,
-  Settings = 1090,
-  LeaveSubRoom = 1092,  // comes from the library only; the bar has no record for it
+#define VELLOMAR_KEY(number, name, meaning) name = (number),
+#include "vellomar/event_key_table.def"
 };
+
+// The keys of the records that the bar is created with.
+inline constexpr int32_t kFirstKey = 1000;
+inline constexpr int32_t kLastKey = 1091;
 
 // Bits of BtnParams::status.
 inline constexpr int32_t kStatusOn = 1;  // on, checked, selected
@@ -176,13 +101,13 @@ struct ConfirmTipWindowInfo {
 };
 
 // The bar was created, or (isMain false) a pop-up window of it. Handles are the library's own.
-using CreatedCallback = void(void* handle, int x, int y, int width, int height, bool isMain,
-                             uint64_t id);
-using ClosedCallback = void(void* handle);
+typedef void VELLOMAR_ABI CreatedCallback(void* handle, int x, int y, int width, int height,
+                                          bool isMain, uint64_t id);
+typedef void VELLOMAR_ABI ClosedCallback(void* handle);
 // The user pressed a button or picked an item. The record belongs to the library.
-using EventCallback = void(BtnParams& params);
+typedef void VELLOMAR_ABI EventCallback(BtnParams& params);
 // Answers the rows of the drop-down window of `key` and sets `count`; null where it has none.
-using ShowWindowCallback = BtnParams*(EventKey key, int& count);
+typedef BtnParams* VELLOMAR_ABI ShowWindowCallback(EventKey key, int& count);
 
 class VELLOMAR_LORIMEL_API Lorimel {
  public:
@@ -213,8 +138,9 @@ class VELLOMAR_LORIMEL_API Lorimel {
   void SetMeetingDuration(uint64_t seconds);  // the clock runs on from here
   bool SetMicVolume(int volume);              // 0 to 100
 
-  // A bubble at the button. The development builds take `a` for: it stays until the user closes
-  // it; `b` for how many milliseconds it stays otherwise (5000 where it is 0 or less); `c` for: it
+  // A bubble at the button. The plug-in hands `a`, `b` and `c` on from the host as they are. What
+  // they mean is the library's; the development builds take `a` for: it stays until the user closes
+  // it, `b` for how many milliseconds it stays otherwise (5000 where it is 0 or less), `c` for: it
   // is a warning.
   void ShowControlbarButtonTip(EventKey key, const char* text, bool a, int b, bool c);
   void ShowControlbarButtonTipByInfo(EventKey key, TipWindowInfo& info);

@@ -7,7 +7,7 @@
 namespace VELLOMAR_CONTROLBAR {
 namespace {
 
-constexpr std::int32_t kFirstKey = 1000;
+using VELLOMAR_LORIMEL::kFirstKey;
 constexpr std::uint64_t kNone = ControlBarDataManager::kNoText;
 constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
 

@@ -20,7 +20,7 @@
 #include <vector>
 
 #include "vellomar/log.h"
-#include "vellomar/log_observer.h"
+#include "vellomar_dev/log_observer.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 
 #include "plugin/text.h"
 #include "vellomar/lorimel.h"
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace streams {
 

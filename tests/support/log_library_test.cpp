@@ -13,7 +13,7 @@
 #include "host/library.h"
 #include "support/this_process.h"
 #include "vellomar/log.h"
-#include "vellomar/log_observer.h"
+#include "vellomar_dev/log_observer.h"
 
 namespace {
 

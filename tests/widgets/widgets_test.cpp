@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "vellomar/lorimel.h"
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace {
 

@@ -14,13 +14,14 @@
 #include <bitset>
 #include <functional>
 
-#include "vellomar/lorimel_driver.h"
+#include "vellomar/lorimel.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace vellomar_workbench {
 
 class ButtonModel : public QAbstractTableModel {
  public:
-  static constexpr std::int32_t kFirstKey = 1000;
+  static constexpr std::int32_t kFirstKey = VELLOMAR_LORIMEL::kFirstKey;
   static constexpr int kRows = 92;
   enum Column {
     kKey,

@@ -14,7 +14,7 @@
 #include <atomic>
 
 #include "host/event_loop.h"
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace vellomar_workbench {
 

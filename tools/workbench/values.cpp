@@ -20,9 +20,6 @@ using vellomar_host::FieldType;
 
 namespace {
 
-constexpr std::int32_t kFirstKey = 1000;
-constexpr std::int32_t kLastKey = 1092;
-
 template <typename T>
 std::optional<T> ParseNumber(const std::string& text) {
   T number = 0;
@@ -113,9 +110,8 @@ bool TakesKeys(const Field& field) {
 
 std::vector<std::string> KeyNames() {
   std::vector<std::string> names;
-  for (std::int32_t key = kFirstKey; key <= kLastKey; ++key) {
-    std::string name = vellomar_host::KeyName(key);
-    if (name != std::to_string(key)) names.push_back(std::move(name));
+  for (const auto& row : vellomar_host::Keys()) {
+    if (row.key >= VELLOMAR_LORIMEL::kFirstKey) names.emplace_back(row.name);
   }
   return names;
 }

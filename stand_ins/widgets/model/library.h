@@ -11,7 +11,7 @@
 #include <cstdint>
 
 #include "model/model.h"
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace vellomar_widgets {
 

@@ -14,9 +14,6 @@ using vellomar_widgets::Bubble;
 using vellomar_widgets::Model;
 using vellomar_widgets::OwnedButton;
 
-constexpr int kFirstKey = 1000;
-constexpr int kLastKey = 1091;
-
 Model* Called(const char* member) {
   vellomar_widgets::Observe(member);
   return vellomar_widgets::CurrentModel(member);

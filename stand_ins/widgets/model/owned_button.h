@@ -9,7 +9,7 @@
 #include <string>
 
 #include "vellomar/lorimel.h"
-#include "vellomar/lorimel_driver.h"
+#include "vellomar_dev/lorimel_driver.h"
 
 namespace vellomar_widgets {
 

@@ -14,6 +14,8 @@
 #include <stdbool.h>
 #include <stdint.h>
 
+#include "vellomar/abi.h"
+
 #if defined(_WIN32) && defined(VELLOMAR_LORIMEL_BUILD)
 #  define VELLOMAR_LORIMEL_DRIVER_API __declspec(dllexport)
 #elif defined(_WIN32)
@@ -45,54 +47,55 @@ typedef struct LorimelButton {
 
 /* Told of every call that the plug-in makes: the member's name and, for SetEventKey, the record
  * (else null). [loop thread] */
-typedef void LorimelObserver(void* context, const char* member, const LorimelButton* record);
+typedef void VELLOMAR_ABI LorimelObserver(void* context, const char* member,
+                                          const LorimelButton* record);
 
 /* Told of what the user does with mouse and keyboard, before the plug-in is told: in the driver's
  * own words "press", "open", "pick", "closeList" or "closeBar", the key, and for "pick" the value
  * text of the row (else null). What the driver does is not told. [UI thread] */
-typedef void LorimelUserObserver(void* context, const char* action, int32_t key,
-                                 const char* valueText);
+typedef void VELLOMAR_ABI LorimelUserObserver(void* context, const char* action, int32_t key,
+                                              const char* valueText);
 
 typedef struct LorimelDriver {
   const char* name; /* "qt" or "headless" */
 
   /* Handles what is waiting, then waits up to max_ms for more (0: does not wait). Returns early
    * after `wake`. */
-  void (*pump)(int32_t max_ms);
-  void (*wake)(void); /* [any thread] */
+  void(VELLOMAR_ABI* pump)(int32_t max_ms);
+  void(VELLOMAR_ABI* wake)(void); /* [any thread] */
 
   /* One observer at most; null removes it. */
-  void (*observe)(LorimelObserver* observer, void* context);
-  void (*observeUser)(LorimelUserObserver* observer, void* context);
+  void(VELLOMAR_ABI* observe)(LorimelObserver* observer, void* context);
+  void(VELLOMAR_ABI* observeUser)(LorimelUserObserver* observer, void* context);
 
   /* Presses the button. False where a user could not: no bar, hidden, disabled, unknown. The button
    * turns its "on" bit first where it is one that toggles, as the library does for a user. */
-  bool (*press)(int32_t key);
+  bool(VELLOMAR_ABI* press)(int32_t key);
   /* Opens the button's drop-down window, asking the plug-in for its rows; answers their number, -1
    * where a user could not open it. Takes the key of the button or of the window. */
-  int32_t (*open)(int32_t key);
+  int32_t(VELLOMAR_ABI* open)(int32_t key);
   /* Picks a row of the open window: the first with this key and, unless null, this value text. */
-  bool (*pick)(int32_t key, const char* valueText);
+  bool(VELLOMAR_ABI* pick)(int32_t key, const char* valueText);
   /* Closes the open window, if any. */
-  void (*closeList)(void);
+  void(VELLOMAR_ABI* closeList)(void);
   /* Closes the bar as the user does with the window's own means. */
-  bool (*closeBar)(void);
+  bool(VELLOMAR_ABI* closeBar)(void);
 
   /* What the library holds. False, or 0, where there is nothing. */
-  bool (*button)(int32_t key, LorimelButton* out);
-  int32_t (*rowCount)(void);
-  bool (*row)(int32_t index, LorimelButton* out);
-  bool (*barVisible)(void);
+  bool(VELLOMAR_ABI* button)(int32_t key, LorimelButton* out);
+  int32_t(VELLOMAR_ABI* rowCount)(void);
+  bool(VELLOMAR_ABI* row)(int32_t index, LorimelButton* out);
+  bool(VELLOMAR_ABI* barVisible)(void);
 
   /* Writes a PNG of the bar with what is open around it. False where there is no picture to take.
    */
-  bool (*screenshot)(const char* path);
+  bool(VELLOMAR_ABI* screenshot)(const char* path);
 } LorimelDriver;
 
 /* Never null. The record belongs to the library. [any thread] */
-VELLOMAR_LORIMEL_DRIVER_API const LorimelDriver* LorimelGetDriver(void);
+VELLOMAR_LORIMEL_DRIVER_API const LorimelDriver* VELLOMAR_ABI LorimelGetDriver(void);
 
-typedef const LorimelDriver* LorimelGetDriverFunction(void);
+typedef const LorimelDriver* VELLOMAR_ABI LorimelGetDriverFunction(void);
 
 #ifdef __cplusplus
 } /* extern "C" */
