@@ -16,7 +16,7 @@ noticed, 2 where one does not apply or compile.
 
 The form of a fault, each line of the old and new text behind its mark:
 
-    == src/frame/exports.cpp: a null payload is taken
+    == src/frame/entry/exports.cpp: a null payload is taken
     - if (payload == nullptr) return false;
     + if (payload == nullptr) return true;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The log front and the record of function statistics.
-#include "frame/log.h"
+#include "frame/log/log.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <limits>
 #include <string>
 
-#include "frame/function_statistics.h"
+#include "frame/log/function_statistics.h"
 #include "support/recording_log.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "frame/guard.h"
+#include "frame/log/guard.h"
 
 namespace VELLOMAR_CONTROLBAR {
 

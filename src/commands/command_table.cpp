@@ -15,7 +15,7 @@
 #include "bridge/antenna_event_loop.h"
 #include "bridge/resources.h"
 #include "commands/decode.h"
-#include "frame/trace_scope.h"
+#include "frame/log/trace_scope.h"
 #include "manager/controlbar_manager.h"
 
 namespace VELLOMAR_CONTROLBAR {

@@ -21,7 +21,7 @@
 
 #include "data/meeting_codes.h"
 #include "data/meeting_types.h"
-#include "frame/trace_scope.h"
+#include "frame/log/trace_scope.h"
 #include "vellomar/lorimel.h"
 
 namespace VELLOMAR_CONTROLBAR {

@@ -10,7 +10,7 @@
 #include <cstdint>
 
 #include "data/control_bar_data_manager.h"
-#include "frame/log.h"
+#include "frame/log/log.h"
 
 namespace VELLOMAR_CONTROLBAR {
 

@@ -17,7 +17,7 @@
 
 #include "common/singleton.h"
 #include "data/control_bar_data_manager.h"
-#include "frame/notifier.h"
+#include "frame/notify/notifier.h"
 #include "manager/command_rows.h"
 #include "vellomar/lorimel.h"
 

@@ -6,7 +6,7 @@
 #include <map>
 #include <utility>
 
-#include "frame/guard.h"
+#include "frame/log/guard.h"
 #include "manager/controlbar_manager.h"
 #include "manager/user_actions.h"
 

@@ -57,6 +57,7 @@ void Start() {
   qputenv("DISPLAY", ":" + server->ReadLineWith(QString()).toUtf8());
   qputenv("QT_QPA_PLATFORM", "xcb");
   qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");  // or the user's desktop is told of the windows
+  qputenv("QT_NO_XDG_DESKTOP_PORTAL", "1");          // without a bus Qt never frees its question
   // With the system's settings, not the user's. It calls itself in charge of the windows before it
   // takes requests to show some, and loses the first ones; the program for its startup runs later.
   static auto* const manager = new Program(

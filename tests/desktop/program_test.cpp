@@ -27,7 +27,7 @@ TEST(DesktopProgramTest, TheBarStaysUntilTheUserStopsSharing) {
   host.ReadLineWith("stopSharing");
   host.ReadLineWith("controlbarClosed");
   EXPECT_TRUE(host.waitForFinished());
-  EXPECT_EQ(host.exitCode(), 0) << host.readAllStandardError().toStdString();
+  EXPECT_EQ(host.exitCode(), 0) << host.readAll().toStdString();
 }
 
 }  // namespace

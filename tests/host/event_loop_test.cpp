@@ -83,18 +83,6 @@ TEST_F(EventLoopTest, RepeatsATimerUntilItStopsItself) {
   EXPECT_EQ(kept.use_count(), 1);
 }
 
-TEST_F(EventLoopTest, CallsObserversEveryTurnUntilRemoved) {
-  EventLoop::Id once = 0;
-  once = loop.AddObserver([&] {
-    order += '1';
-    loop.RemoveObserver(once);
-  });
-  loop.AddObserver(Add('2'));
-  EXPECT_TRUE(RunUntilIdle());
-  EXPECT_TRUE(RunUntilIdle());
-  EXPECT_EQ(order, "122");
-}
-
 TEST_F(EventLoopTest, StaysUsableAfterATaskThatThrowsOrNeverEnds) {
   loop.Post([] { throw std::runtime_error("expected"); });
   std::function<void()> again = [&] { loop.Post(again); };
@@ -128,14 +116,6 @@ TEST_F(EventLoopTest, ReleasesSyncCallersWhenItsTasksAreForgotten) {
   posted.get_future().wait();
   loop.Clear();
   EXPECT_THROW(caller.get(), HostError);
-}
-
-TEST_F(EventLoopTest, TakesPostsFromOtherThreads) {
-  const auto post = [&] {
-    for (int i = 0; i < 1000; ++i) loop.Post(Add('.'));
-  };
-  const std::jthread one(post), two(post);
-  EXPECT_TRUE(RunUntilLetters(2000));
 }
 
 TEST_F(EventLoopTest, WaitsWithTheStrategyThatIsPutIn) {

@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "bridge/resources.h"
-#include "frame/log.h"
+#include "frame/log/log.h"
 #include "manager/controlbar_manager.h"
 #include "plugin/text.h"
 #include "plugin/widget_library.h"

@@ -53,13 +53,6 @@ TEST_F(LogModelTest, ScopesNestAndCarryTheirCosts) {
   EXPECT_THAT(Rows(), ElementsAre("Call:3", " A:2", "  line", " B:0", "beside"));
 }
 
-TEST_F(LogModelTest, LinesThatDoNotPairStayLines) {
-  Append({"exit Unknown, cost : 1", "entry Outer", "entry Inner", "exit Outer, cost : 4", "after",
-          "exit Inner, cost : 1", "exit , cost : 1", "entry "});
-  EXPECT_THAT(Rows(), ElementsAre("exit Unknown, cost : 1", "Outer:4", " Inner", "after",
-                                  "exit Inner, cost : 1", "exit , cost : 1", "entry "));
-}
-
 TEST_F(LogModelTest, TheOldestGoAndWhatWasOpenIsClosedAllTheSame) {
   Append({"entry Old"});
   Append(std::vector<std::string>(LogModel::kMostRows, "line"));

@@ -65,19 +65,6 @@ TEST_F(ButtonModelTest, MarksTheFieldsThatChangeUntilTheMarksAreCleared) {
   EXPECT_EQ(At(1001, ButtonModel::kText), "") << "the bar has gone";
 }
 
-TEST_F(ButtonModelTest, FiltersByNameKeyAndLabel) {
-  held[1014] = Button(1014, "Leave", 0);
-  held[1007] = Button(1007, "Conversation", 0);
-  Update();
-  ButtonFilter filter;
-  filter.setSourceModel(&model);
-  const std::pair<const char*, int> cases[] = {{"", 92}, {"chat", 1}, {"conVER", 1}, {"101", 10}};
-  for (const auto& [text, rows] : cases) {
-    filter.SetText(text);
-    EXPECT_EQ(filter.rowCount(), rows) << text;
-  }
-}
-
 TEST(NotificationModel, ShowsWhatCameByNameAndForgetsTheOldest) {
   constexpr std::chrono::milliseconds kWhen(1500);
   NotificationModel model;
@@ -121,18 +108,6 @@ TEST(RecordTableModel, ParticipantsAreAddedChangedAndRemoved) {
   ASSERT_EQ(model.rowCount(), 1);
   EXPECT_EQ(model.value()[0]["number"], 7);
   EXPECT_EQ(model.value()[0]["flag"], true);
-}
-
-TEST(RecordTableModel, OneRecordAndPlainListsAreTablesToo) {
-  RecordTableModel rect(FieldOf("rect display"), RecordTableModel::kOne);
-  EXPECT_TRUE(Edit(rect, 0, 2, "1920"));
-  EXPECT_EQ(rect.value(), json({{"x", 0}, {"y", 0}, {"width", 1920}, {"height", 0}}));
-  RecordTableModel ids(FieldOf("long[] ids"), RecordTableModel::kList);
-  ids.SetValue({10001, 10002});
-  EXPECT_TRUE(Edit(ids, 1, 0, "-5"));
-  EXPECT_EQ(ids.value(), json({10001, -5}));
-  ids.SetValue(nullptr);
-  EXPECT_EQ(ids.rowCount(), 0);
 }
 
 }  // namespace

@@ -55,14 +55,6 @@ class ScenarioRunTest : public BenchTest {
                                   QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
-TEST_F(ScenarioRunTest, PlaysThePresets) {
-  for (const Preset& preset : ListPresets(VELLOMAR_SCENARIOS)) {
-    ASSERT_EQ(run.Open(preset.file), std::nullopt);
-    EXPECT_EQ(PlayAll(), std::nullopt) << preset.name;
-    EXPECT_TRUE(bench.bar_exists()) << preset.name;
-  }
-}
-
 TEST_F(ScenarioRunTest, StepsOneByOneAndBeginsAgainAfterTheLast) {
   ASSERT_EQ(Open(R"({"send": "setHostType", "args": {"type": 1}}, {"note": "n"})"), std::nullopt);
   EXPECT_EQ(Cell(0, StepModel::kStep), "send setHostType {\"type\":1}");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "frame/notifier.h"
+#include "frame/notify/notifier.h"
 
 namespace VELLOMAR_CONTROLBAR {
 namespace {

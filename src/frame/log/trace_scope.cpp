@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "frame/trace_scope.h"
+#include "frame/log/trace_scope.h"
 
 #include <algorithm>
 #include <chrono>

@@ -13,7 +13,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "frame/log.h"
+#include "frame/log/log.h"
 
 namespace VELLOMAR_LOG {
 

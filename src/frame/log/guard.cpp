@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "frame/guard.h"
+#include "frame/log/guard.h"
 
 #include <array>
 
-#include "frame/log.h"
+#include "frame/log/log.h"
 
 namespace VELLOMAR_LOG {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "frame/log.h"
+#include "frame/log/log.h"
 
 #include <iterator>
 

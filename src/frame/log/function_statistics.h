@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "frame/log.h"
+#include "frame/log/log.h"
 
 namespace VELLOMAR_LOG {
 
