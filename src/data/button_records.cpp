@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "data/control_bar_data_manager.h"
+#include "data/text_ids.h"
 
 namespace VELLOMAR_CONTROLBAR {
 namespace {
@@ -20,63 +21,63 @@ struct Default {
   bool expand;
 };
 
-constexpr Default Row(std::int32_t key, std::uint64_t text_id, std::int32_t status = 0,
+constexpr Default Row(EventKey key, std::uint64_t text_id, std::int32_t status = 0,
                       std::uint64_t tip_id = kNone, bool expand = false) {
-  return {static_cast<EventKey>(key), text_id, text_id, status, tip_id, expand};
+  return {key, text_id, text_id, status, tip_id, expand};
 }
 
-constexpr Default SharingRow(std::int32_t key, std::uint64_t text_id,
+constexpr Default SharingRow(EventKey key, std::uint64_t text_id,
                              std::uint64_t screen_share_text_id, bool expand) {
-  return {static_cast<EventKey>(key), text_id, screen_share_text_id, 0, kNone, expand};
+  return {key, text_id, screen_share_text_id, 0, kNone, expand};
 }
 
 // Every record that a text map fills, in the order in which they are written.
 constexpr Default kDefaults[] = {
-    Row(1001, 10001, 0, kNone, true),
-    Row(1002, 10002, 0, kNone, true),
-    Row(1004, 10003),
-    Row(1003, 10004),
-    Row(1007, 10005),
-    SharingRow(1012, 10006, 10075, true),
-    Row(1015, 10007),
-    Row(1008, 10010),
-    Row(1014, 10011),
-    Row(1042, 10012),
-    Row(1006, 10013),
-    SharingRow(1013, 10014, 10074, false),
-    Row(1009, 10072),
-    Row(1010, 10078),
-    Row(1018, 10015),
-    Row(1019, 10016),
-    Row(1020, 10018),
-    Row(1070, kNone, 0, 10084, true),
-    Row(1068, kNone, kHidden),
-    Row(1069, kNone, kHidden, 10085),
-    Row(1040, kNone, kHidden),
-    Row(1072, kNone, kHidden),
-    Row(1073, kNone, kHidden),
-    Row(1075, kNone, kHidden),
-    Row(1076, 10086, kHidden),
-    Row(1043, 10051),
-    Row(1044, 10052),
-    Row(1045, 10061),
-    Row(1046, 10062),
-    Row(1048, 10063),
-    Row(1047, 10057),
-    Row(1050, 10053),
-    Row(1051, 10054),
-    Row(1052, 10055),
-    Row(1053, 10064),
-    Row(1054, 10056),
-    Row(1060, 10058),
-    Row(1061, 10060),
-    Row(1062, 10059),
-    Row(1025, 10059),
-    Row(1024, 10059),
-    Row(1041, kNone, 0, 10087),
-    Row(1078, 10090, kHidden),
-    Row(1079, kNone, kHidden),
-    Row(1011, 10096),
+    Row(EventKey::MuteAudio, text_id::kMuteAudio, 0, kNone, true),
+    Row(EventKey::MuteCamera, text_id::kMuteCamera, 0, kNone, true),
+    Row(EventKey::HostControl, text_id::kHostControl),
+    Row(EventKey::Participants, text_id::kParticipants),
+    Row(EventKey::Chat, text_id::kChat),
+    SharingRow(EventKey::ShareNew, text_id::kShareNew, text_id::kShareNewScreen, true),
+    Row(EventKey::Record, text_id::kRecord),
+    Row(EventKey::More, text_id::kMore),
+    Row(EventKey::Leave, text_id::kLeave),
+    Row(EventKey::Annotate, text_id::kAnnotate),
+    Row(EventKey::RemoteControl, text_id::kRemoteControl),
+    SharingRow(EventKey::StopSharing, text_id::kStopSharing, text_id::kStopScreenShare, false),
+    Row(EventKey::Interpretation, text_id::kInterpretation),
+    Row(EventKey::Reaction, text_id::kReaction),
+    Row(EventKey::AudioDevices, text_id::kMicrophones),
+    Row(EventKey::Speaker, text_id::kSpeakers),
+    Row(EventKey::CameraDevices, text_id::kCameras),
+    Row(EventKey::InfoText, kNone, 0, text_id::kInfoTip, true),
+    Row(EventKey{1068}, kNone, kHidden),
+    Row(EventKey::RecordIndicator, kNone, kHidden, text_id::kRecordingTip),
+    Row(EventKey::StopRemoteControl, kNone, kHidden),
+    Row(EventKey::SharingIndicator, kNone, kHidden),
+    Row(EventKey::PauseIndicator, kNone, kHidden),
+    Row(EventKey::SharingOptions, kNone, kHidden),
+    Row(EventKey::LiveIndicator, text_id::kLive, kHidden),
+    Row(EventKey::SketchSelect, text_id::kSketchSelect),
+    Row(EventKey::SketchMouse, text_id::kSketchMouse),
+    Row(EventKey::SketchPen, text_id::kSketchPen),
+    Row(EventKey::SketchColor, text_id::kSketchColor),
+    Row(EventKey::SketchClear, text_id::kSketchClear),
+    Row(EventKey::SketchUndo, text_id::kSketchUndo),
+    Row(EventKey::SketchPen1, text_id::kSketchPen1),
+    Row(EventKey::SketchPen2, text_id::kSketchPen2),
+    Row(EventKey::SketchPen3, text_id::kSketchPen3),
+    Row(EventKey::SketchPen4, text_id::kSketchPen4),
+    Row(EventKey::SketchPen5, text_id::kSketchPen5),
+    Row(EventKey::SketchClearMine, text_id::kSketchClearMine),
+    Row(EventKey::SketchClearOthers, text_id::kSketchClearOthers),
+    Row(EventKey::SketchClearAll, text_id::kSketchClearAll),
+    Row(EventKey::OnlyHostReshare, text_id::kSketchClearAll),
+    Row(EventKey::OnlyHostShare, text_id::kSketchClearAll),
+    Row(EventKey::ControlbarSwitch, kNone, 0, text_id::kExpandedTip),
+    Row(EventKey::ExternalMeeting, text_id::kExternalMeeting, kHidden),
+    Row(EventKey::SubRoomName, kNone, kHidden),
+    Row(EventKey::AskHostForHelp, text_id::kAskHostForHelp),
 };
 
 }  // namespace
@@ -176,8 +177,8 @@ void ControlBarDataManager::SetButtonTooltip() {
   const Scope scope(__func__);
   BtnParams& record = m_records[*Index(EventKey::InfoText)];
   record.key = EventKey::InfoText;
-  record.toolTip = GetNativeText(10084);
-  record.secondToolTip = GetNativeText(10089);
+  record.toolTip = GetNativeText(text_id::kInfoTip);
+  record.secondToolTip = GetNativeText(text_id::kInfoExpandTip);
 }
 
 void ControlBarDataManager::SetButtonSubLabelText(EventKey /*key*/, const char* text) {

@@ -308,7 +308,7 @@ class ControlBarDataManager {
   // The new rows take the place of the old ones.
   static BtnParams* Finish(ItemList& kept, ItemList list, int& count);
 
-  template <std::int32_t key>
+  template <EventKey key>
   std::int32_t StatusOf() const;
   std::int32_t MoveNewStatus() const;
   std::int32_t SharingPermissionsStatus() const;

@@ -5,6 +5,7 @@
 
 #include "common/text.h"
 #include "data/control_bar_data_manager.h"
+#include "data/text_ids.h"
 
 namespace VELLOMAR_CONTROLBAR {
 
@@ -21,20 +22,17 @@ constexpr std::int32_t kOn = VELLOMAR_LORIMEL::kStatusOn;
 constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
 constexpr std::int32_t kDisabled = VELLOMAR_LORIMEL::kStatusDisabled;
 
-constexpr std::uint64_t kControlledText = 10066;
-constexpr std::uint64_t kNotControlledText = 10065;
-
 }  // namespace
 
 // --- Status words
 
-template <std::int32_t key>
+template <EventKey key>
 std::int32_t ControlBarDataManager::StatusOf() const {
-  return m_records[*Index(static_cast<EventKey>(key))].status;
+  return m_records[*Index(key)].status;
 }
 
 std::int32_t ControlBarDataManager::MoveNewStatus() const {
-  return StatusOf<1023>() | (m_hostInfo.enableNeedMoveToLobby != 0 ? 0 : kDisabled) |
+  return StatusOf<EventKey::MoveNew>() | (m_hostInfo.enableNeedMoveToLobby != 0 ? 0 : kDisabled) |
          (m_hostInfo.needMoveToLobby != 0 ? kOn : 0);
 }
 
@@ -72,11 +70,13 @@ std::int32_t ControlBarDataManager::ManageInterpretationStatus() const {
 }
 
 std::int32_t ControlBarDataManager::SubtitlesStatus() const {
-  return m_isSubtitleOpened ? StatusOf<1031>() | kOn : StatusOf<1031>() & ~kOn;
+  return m_isSubtitleOpened ? StatusOf<EventKey::Subtitles>() | kOn
+                            : StatusOf<EventKey::Subtitles>() & ~kOn;
 }
 
 std::int32_t ControlBarDataManager::LiveStreamStatus() const {
-  return m_isLiveStart ? StatusOf<1032>() | kOn : StatusOf<1032>() & ~kOn;
+  return m_isLiveStart ? StatusOf<EventKey::LiveStream>() | kOn
+                       : StatusOf<EventKey::LiveStream>() & ~kOn;
 }
 
 // --- Building
@@ -122,18 +122,18 @@ BtnParams* ControlBarDataManager::Finish(ItemList& kept, ItemList list, int& cou
 BtnParams* ControlBarDataManager::FormatAudioItems(int& count) {
   const Scope scope(__func__);
   ItemList list = NewList();
-  AddRow(list, {EventKey::GroupHeader, "Microphone", 10015});
+  AddRow(list, {EventKey::GroupHeader, "Microphone", text_id::kMicrophones});
   AddDeviceRows(list, {EventKey::MicrophoneItem, "MicrophoneItem", kNoText}, m_microphones);
-  AddRow(list, {EventKey::GroupHeader, "Speaker", 10016});
+  AddRow(list, {EventKey::GroupHeader, "Speaker", text_id::kSpeakers});
   AddDeviceRows(list, {EventKey::Speaker, "SpeakerItem", kNoText}, m_speakers);
-  AddRow(list, {EventKey::TestSpeakMic, "TestDevice", 10017});
+  AddRow(list, {EventKey::TestSpeakMic, "TestDevice", text_id::kTestDevice});
   return Finish(m_audioItems, std::move(list), count);
 }
 
 BtnParams* ControlBarDataManager::FormatCameraItems(int& count) {
   const Scope scope(__func__);
   ItemList list = NewList();
-  AddRow(list, {EventKey::GroupHeader, "Camera", 10018});
+  AddRow(list, {EventKey::GroupHeader, "Camera", text_id::kCameras});
   AddDeviceRows(list, {EventKey::CameraItem, "CameraItem", kNoText}, m_cameras);
   return Finish(m_cameraItems, std::move(list), count);
 }
@@ -142,20 +142,22 @@ BtnParams* ControlBarDataManager::FormatHostControlItems(int& count) {
   const Scope scope(__func__);
   using Data = ControlBarDataManager;
   static constexpr RowTemplate kMembership[] = {
-      {EventKey::GroupHeader, "MembershipPermissions", 10019},
-      {EventKey::JoinPermission, "ParticipantOption", 10020},
-      {EventKey::JoinPermission, "ParticipantOption", 10021},
-      {EventKey::JoinPermission, "ParticipantOption", 10022},
-      {EventKey::JoinPermission, "ParticipantOption", 10023},
-      {EventKey::MoveNew, "MoveNew", 10024, &Data::MoveNewStatus},
-      {EventKey::GroupHeader, "SharingPermissions", 10025, &Data::SharingPermissionsStatus},
+      {EventKey::GroupHeader, "MembershipPermissions", text_id::kMembershipPermissions},
+      {EventKey::JoinPermission, "ParticipantOption", text_id::kJoinOption1},
+      {EventKey::JoinPermission, "ParticipantOption", text_id::kJoinOption2},
+      {EventKey::JoinPermission, "ParticipantOption", text_id::kJoinOption3},
+      {EventKey::JoinPermission, "ParticipantOption", text_id::kJoinOption4},
+      {EventKey::MoveNew, "MoveNew", text_id::kMoveNew, &Data::MoveNewStatus},
+      {EventKey::GroupHeader, "SharingPermissions", text_id::kSharingPermissions,
+       &Data::SharingPermissionsStatus},
   };
   static constexpr RowTemplate kMicrophones[] = {
-      {EventKey::GroupHeader, "MicPermissions", 10029},
-      {EventKey::NewParticipantMic, "NewParticipantMic", 10030, &Data::NewParticipantMicStatus},
-      {EventKey::MicOperate, "MicOperate", 10031, &Data::MicOperateStatus},
-      {EventKey::MuteAll, "MuteAll", 10032},
-      {EventKey::CancelMuteAll, "CancelMuteAll", 10033},
+      {EventKey::GroupHeader, "MicPermissions", text_id::kMicPermissions},
+      {EventKey::NewParticipantMic, "NewParticipantMic", text_id::kNewParticipantMic,
+       &Data::NewParticipantMicStatus},
+      {EventKey::MicOperate, "MicOperate", text_id::kMicOperate, &Data::MicOperateStatus},
+      {EventKey::MuteAll, "MuteAll", text_id::kMuteAll},
+      {EventKey::CancelMuteAll, "CancelMuteAll", text_id::kCancelMuteAll},
   };
   ItemList list = NewList();
   AddRows(list, kMembership);
@@ -175,10 +177,12 @@ BtnParams* ControlBarDataManager::FormatHostControlItems(int& count) {
 void ControlBarDataManager::AddSharingRows(ItemList& list) const {
   using Data = ControlBarDataManager;
   static constexpr RowTemplate kRows[] = {
-      {EventKey::OnlyHostShare, "OnlyHostShare", 10026, &Data::OnlyHostShareStatus},
-      {EventKey::OnlyHostReshare, "OnlyHostReshare", 10027, &Data::OnlyHostReshareStatus},
-      {EventKey::OnlyThePresenterCanAnnotate, "OnlyThePresenterCanAnnotate", 10028,
-       &Data::PresenterAnnotateStatus},
+      {EventKey::OnlyHostShare, "OnlyHostShare", text_id::kOnlyHostShare,
+       &Data::OnlyHostShareStatus},
+      {EventKey::OnlyHostReshare, "OnlyHostReshare", text_id::kOnlyHostReshare,
+       &Data::OnlyHostReshareStatus},
+      {EventKey::OnlyThePresenterCanAnnotate, "OnlyThePresenterCanAnnotate",
+       text_id::kOnlyThePresenterCanAnnotate, &Data::PresenterAnnotateStatus},
   };
   AddRows(list, kRows);
 }
@@ -195,10 +199,13 @@ BtnParams* ControlBarDataManager::FormatSharingOptionItems(int& count) {
   const Scope scope(__func__);
   using Data = ControlBarDataManager;
   static constexpr RowTemplate kRows[] = {
-      {EventKey::GroupHeader, "SharingOptions", 10046},
-      {EventKey::OptimizeForVideoClips, "OptimizeForVideoClips", 10047, &Data::StatusOf<1086>},
-      {EventKey::KeepMyVideoOnTheScreen, "KeepMyVideoOnTheScreen", 10048, &Data::StatusOf<1087>},
-      {EventKey::ShareAudio, "ShareComputerAudio", 10045, &Data::StatusOf<1037>},
+      {EventKey::GroupHeader, "SharingOptions", text_id::kSharingOptions},
+      {EventKey::OptimizeForVideoClips, "OptimizeForVideoClips", text_id::kOptimizeForVideoClips,
+       &Data::StatusOf<EventKey::OptimizeForVideoClips>},
+      {EventKey::KeepMyVideoOnTheScreen, "KeepMyVideoOnTheScreen", text_id::kKeepMyVideoOnTheScreen,
+       &Data::StatusOf<EventKey::KeepMyVideoOnTheScreen>},
+      {EventKey::ShareAudio, "ShareComputerAudio", text_id::kShareAudio,
+       &Data::StatusOf<EventKey::ShareAudio>},
   };
   ItemList list = NewList();
   AddRows(list, kRows);
@@ -208,7 +215,7 @@ BtnParams* ControlBarDataManager::FormatSharingOptionItems(int& count) {
 }
 
 void ControlBarDataManager::AddSharingPermissions(ItemList& list) const {
-  AddRow(list, {EventKey::GroupHeader, "SharingPermissions", 10025,
+  AddRow(list, {EventKey::GroupHeader, "SharingPermissions", text_id::kSharingPermissions,
                 &ControlBarDataManager::SharingPermissionsStatus});
   AddSharingRows(list);
 }
@@ -217,12 +224,13 @@ BtnParams* ControlBarDataManager::FormatMoreItems(int& count) {
   const Scope scope(__func__);
   using Data = ControlBarDataManager;
   static constexpr RowTemplate kRows[] = {
-      {EventKey::Subtitles, "Subtitles", 10034, &Data::SubtitlesStatus},
-      {EventKey::LiveStream, "LiveStream", 10035, &Data::LiveStreamStatus},
-      {EventKey::PhoneInvite, "PhoneInvite", 10043, &Data::StatusOf<1034>},
-      {EventKey::SipInvite, "SipInvite", 10044, &Data::StatusOf<1035>},
-      {EventKey::Labs, "Labs", 10036, &Data::StatusOf<1033>},
-      {EventKey::Settings, "Settings", 10037, &Data::StatusOf<1090>},
+      {EventKey::Subtitles, "Subtitles", text_id::kSubtitles, &Data::SubtitlesStatus},
+      {EventKey::LiveStream, "LiveStream", text_id::kLiveStream, &Data::LiveStreamStatus},
+      {EventKey::PhoneInvite, "PhoneInvite", text_id::kPhoneInvite,
+       &Data::StatusOf<EventKey::PhoneInvite>},
+      {EventKey::SipInvite, "SipInvite", text_id::kSipInvite, &Data::StatusOf<EventKey::SipInvite>},
+      {EventKey::Labs, "Labs", text_id::kLabs, &Data::StatusOf<EventKey::Labs>},
+      {EventKey::Settings, "Settings", text_id::kSettings, &Data::StatusOf<EventKey::Settings>},
   };
   ItemList list = NewList();
   AddRows(list, kRows);
@@ -233,14 +241,16 @@ BtnParams* ControlBarDataManager::FormatParticipants(int& count) {
   const Scope scope(__func__);
   ItemList list = NewList();
   const bool controlled = m_remoteController.has_value();
-  const char* const text = GetNativeText(controlled ? kControlledText : kNotControlledText);
+  const char* const text =
+      GetNativeText(controlled ? text_id::kControlledBy : text_id::kGiveControl);
   std::string controlling_text =
       controlled ? VELLOMAR_COMMON::FillPlaceholder(text, m_remoteController->display_name)
                  : std::string(text != nullptr ? text : "");
   const auto caption = std::make_shared<const std::string>(controlling_text);
   list.owners.push_back(caption);
   AddRow(list, {EventKey::GroupHeader, "ControllingText", kNoText}).text = caption->c_str();
-  if (controlled) AddRow(list, {EventKey::StopRemoteControl, "ControlButton", 10068});
+  if (controlled)
+    AddRow(list, {EventKey::StopRemoteControl, "ControlButton", text_id::kStopRemoteControl});
   for (const auto& [key, entry] : m_participants) {
     const Participant& participant = *entry.participant;
     if (participant.room != m_subRoomId) continue;
@@ -258,9 +268,11 @@ BtnParams* ControlBarDataManager::FormatParticipants(int& count) {
 BtnParams* ControlBarDataManager::FormatSketchPenItems(int& count) {
   const Scope scope(__func__);
   static constexpr RowTemplate kRows[] = {
-      {EventKey::SketchPen1, nullptr, 10053}, {EventKey::SketchPen2, nullptr, 10054},
-      {EventKey::SketchPen3, nullptr, 10055}, {EventKey::SketchPen4, nullptr, 10064},
-      {EventKey::SketchPen5, nullptr, 10056},
+      {EventKey::SketchPen1, nullptr, text_id::kSketchPen1},
+      {EventKey::SketchPen2, nullptr, text_id::kSketchPen2},
+      {EventKey::SketchPen3, nullptr, text_id::kSketchPen3},
+      {EventKey::SketchPen4, nullptr, text_id::kSketchPen4},
+      {EventKey::SketchPen5, nullptr, text_id::kSketchPen5},
   };
   ItemList list = NewList();
   AddRows(list, kRows);
@@ -275,9 +287,9 @@ BtnParams* ControlBarDataManager::FormatSketchClearItems(int& count) {
     return nullptr;
   }
   static constexpr RowTemplate kRows[] = {
-      {EventKey::SketchClearMine, nullptr, 10058},
-      {EventKey::SketchClearOthers, nullptr, 10060},
-      {EventKey::SketchClearAll, nullptr, 10059},
+      {EventKey::SketchClearMine, nullptr, text_id::kSketchClearMine},
+      {EventKey::SketchClearOthers, nullptr, text_id::kSketchClearOthers},
+      {EventKey::SketchClearAll, nullptr, text_id::kSketchClearAll},
   };
   ItemList list = NewList();
   AddRows(list, kRows);
@@ -290,13 +302,15 @@ BtnParams* ControlBarDataManager::FormatInterpretationItems(int& count) {
   // "Splite" is how the widget library spells it.
   static constexpr RowTemplate kRows[] = {
       {EventKey::Separator, "SpliteRectangle1", kNoText},
-      {EventKey::MuteOrigin, "MuteOrigin", 10077, &Data::StatusOf<1085>},
+      {EventKey::MuteOrigin, "MuteOrigin", text_id::kMuteOrigin,
+       &Data::StatusOf<EventKey::MuteOrigin>},
       {EventKey::Separator, "SpliteRectangle2", kNoText, &Data::ManageInterpretationStatus},
-      {EventKey::ManageInterpretation, "Manage", 10071, &Data::ManageInterpretationStatus},
+      {EventKey::ManageInterpretation, "Manage", text_id::kManageInterpretation,
+       &Data::ManageInterpretationStatus},
       {EventKey::Separator, "icon_right_outlined", kNoText, &Data::ManageInterpretationStatus},
   };
   ItemList list = NewList();
-  AddRow(list, {EventKey::InterpretationItem, "Interpretation", 10070});
+  AddRow(list, {EventKey::InterpretationItem, "Interpretation", text_id::kInterpretationCaption});
   AddDeviceRows(list, {EventKey::InterpretationItem, "InterpretationItem", kNoText}, m_languages);
   AddRows(list, kRows);
   return Finish(m_interpretationItems, std::move(list), count);
@@ -305,7 +319,8 @@ BtnParams* ControlBarDataManager::FormatInterpretationItems(int& count) {
 BtnParams* ControlBarDataManager::FormatShareAudioItems(int& count) {
   const Scope scope(__func__);
   ItemList list = NewList();
-  AddRow(list, {EventKey::ShareAudio, "ShareAudio", 10045, &ControlBarDataManager::StatusOf<1037>});
+  AddRow(list, {EventKey::ShareAudio, "ShareAudio", text_id::kShareAudio,
+                &ControlBarDataManager::StatusOf<EventKey::ShareAudio>});
   return Finish(m_shareAudioItems, std::move(list), count);
 }
 

@@ -7,14 +7,10 @@
 
 #include "common/text.h"
 #include "data/control_bar_data_manager.h"
+#include "data/text_ids.h"
 
 namespace VELLOMAR_CONTROLBAR {
 namespace {
-
-constexpr std::uint64_t kMeetingNumberText = 10069;
-constexpr std::uint64_t kParticipantsText = 10004;
-constexpr std::uint64_t kLeaveText = 10011;
-constexpr std::uint64_t kLeaveRoomText = 10092;
 
 // The leave button keeps pointers to them.
 constexpr char kLeaveRoomIcon[] = "icon_leaveroom_filled.icon";
@@ -110,7 +106,8 @@ const char* ControlBarDataManager::GetParticipantCountString() const {
 
 void ControlBarDataManager::SetMeetingNumber(const std::string& number) {
   const Scope scope(__func__);
-  std::string text = VELLOMAR_COMMON::FillPlaceholder(GetNativeText(kMeetingNumberText), number);
+  std::string text =
+      VELLOMAR_COMMON::FillPlaceholder(GetNativeText(text_id::kMeetingNumber), number);
   std::string label = text;
   m_meetingNumber = number;
   m_meetingNumberText = std::move(text);
@@ -182,7 +179,7 @@ void ControlBarDataManager::UpdateLeaveButton() {
   if (!IsInSubRoom() && m_records[*Index(EventKey::Leave)].iconPath == nullptr) return;
   const bool leaves_room = LeavesSubRoom();
   SetButtonIconPath(EventKey::Leave, leaves_room ? kLeaveRoomIcon : kCallEndIcon);
-  SetButtonContent(EventKey::Leave, leaves_room ? kLeaveRoomText : kLeaveText);
+  SetButtonContent(EventKey::Leave, leaves_room ? text_id::kLeaveRoom : text_id::kLeave);
 }
 
 void ControlBarDataManager::ClearDataCache() {
@@ -226,7 +223,7 @@ void ControlBarDataManager::ForgetShownValues() {
   count_label.clear();  // which leaves it where it is
   BtnParams& participants = m_records[*Index(EventKey::Participants)];
   if (participants.text == count_label.c_str())
-    participants.text = GetNativeText(kParticipantsText);
+    participants.text = GetNativeText(text_id::kParticipants);
   m_records[*Index(EventKey::ControlbarSwitch)].status &= ~VELLOMAR_LORIMEL::kStatusUnread;
   UpdateLeaveButton();
   SetComposedLabel(EventKey::SubRoomName, {});

@@ -10,11 +10,11 @@
 #include "bridge/server_api.h"
 #include "common/text.h"
 #include "data/control_bar_data_manager.h"
+#include "data/text_ids.h"
 
 namespace VELLOMAR_CONTROLBAR {
 namespace {
 
-constexpr std::uint64_t kControlledText = 10066;
 constexpr std::int64_t kNoAvatar = -1;
 
 void AssignKey(std::string& key, const ParticipantId& id) {
@@ -277,7 +277,7 @@ void ControlBarDataManager::SetRemoteControler(bool under_control, std::string u
   const Scope scope(__func__);
   std::string text;
   if (under_control) {
-    text = VELLOMAR_COMMON::FillPlaceholder(GetNativeText(kControlledText), display_name);
+    text = VELLOMAR_COMMON::FillPlaceholder(GetNativeText(text_id::kControlledBy), display_name);
   }
   std::string label = text;
   std::optional<Participant> controller;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "common/text.h"
+#include "data/text_ids.h"
 #include "manager/controlbar_manager.h"
 
 namespace VELLOMAR_CONTROLBAR {
@@ -56,13 +57,13 @@ void ControlbarManager::SetDeviceStatus(EventKey key, std::uint64_t text_id, std
 void ControlbarManager::SetAudioStatus(std::int64_t status) {
   const Scope scope(__func__);
   Info("AudioStatus:{}", status);
-  SetDeviceStatus(EventKey::MuteAudio, 10001, status, "[Controlbar] {} audio.");
+  SetDeviceStatus(EventKey::MuteAudio, text_id::kMuteAudio, status, "[Controlbar] {} audio.");
 }
 
 void ControlbarManager::SetCameraStatus(std::int64_t status) {
   const Scope scope(__func__);
   Info("CameraStatus:{}", status);
-  SetDeviceStatus(EventKey::MuteCamera, 10002, status, "[Controlbar] {} camera.");
+  SetDeviceStatus(EventKey::MuteCamera, text_id::kMuteCamera, status, "[Controlbar] {} camera.");
 }
 
 void ControlbarManager::SetInteraction(bool enable, bool is_show) {
@@ -70,7 +71,7 @@ void ControlbarManager::SetInteraction(bool enable, bool is_show) {
   Info("SetInteraction: enable = {}, isShow = {}", enable, is_show);
   Info("[Controlbar] Set chat enable {}.", enable);
   const std::int32_t status = (is_show ? 0 : kStatusHidden) | (enable ? 0 : kStatusDisabled);
-  Apply({EventKey::Chat, status, kStatusHidden | kStatusDisabled, 10005});
+  Apply({EventKey::Chat, status, kStatusHidden | kStatusDisabled, text_id::kChat});
 }
 
 void ControlbarManager::SetShareAudioEnable(bool enable) {
@@ -97,7 +98,7 @@ void ControlbarManager::SetParticipantsCount(int count) {
   Info("SetParticipantsCount:{}", count);
   Info("[Controlbar] Set participants count {}.", count);
   const auto shown = static_cast<std::uint32_t>(std::max(count, 0));
-  const char* const text = m_data->GetNativeText(10004);
+  const char* const text = m_data->GetNativeText(text_id::kParticipants);
   std::string label =
       fmt::format("{}{}({})", text != nullptr ? text : "", text != nullptr ? " " : "", shown);
   m_data->SetParticipantCount(shown);
@@ -119,8 +120,8 @@ void ControlbarManager::SetLiveStatus(std::int64_t status, std::int64_t count) {
   const Scope scope(__func__);
   Info("[Controlbar] Set live status {},count {}.", status, count);
   const bool live = status != 0;
-  std::string label =
-      VELLOMAR_COMMON::FillPlaceholder(m_data->GetNativeText(10086), fmt::format("{}", count));
+  std::string label = VELLOMAR_COMMON::FillPlaceholder(m_data->GetNativeText(text_id::kLive),
+                                                       fmt::format("{}", count));
   m_data->SetLiveStatus(live);
   m_data->SetComposedLabel(EventKey::LiveIndicator, std::move(label));
   Apply(Bit(EventKey::LiveIndicator, kStatusHidden, !live));

@@ -17,6 +17,7 @@
 
 #include "common/singleton.h"
 #include "data/control_bar_data_manager.h"
+#include "data/text_ids.h"
 #include "frame/notify/notifier.h"
 #include "manager/command_rows.h"
 #include "vellomar/lorimel.h"
@@ -68,12 +69,12 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
       TurnsOn("SetParticipantsStatus", "SetParticipantsStatus:{}", EventKey::Participants);
   static constexpr FlagCommand SetRemoteControlEnabled =
       OffersButton("SetRemoteControlEnabled", "[Controlbar] Set remote control enable {}.",
-                   EventKey::RemoteControl, 10013);
+                   EventKey::RemoteControl, text_id::kRemoteControl);
   static constexpr FlagCommand SetSubtitleEnable = OffersButton(
       "SetSubtitleEnable", "[Controlbar] Set subtitle enable {}.", EventKey::Subtitles);
   static constexpr FlagCommand SetPhoneInviteEnable =
       OffersButton("SetPhoneInviteEnable", "[Controlbar] Set phone invite enable {}.",
-                   EventKey::PhoneInvite, 10043);
+                   EventKey::PhoneInvite, text_id::kPhoneInvite);
   static constexpr FlagCommand SetSipInviteEnable = EnablesButton(
       "SetSipInviteEnable", "[Controlbar] Set sip invite enable {}.", EventKey::SipInvite);
   static constexpr FlagCommand SetLiveEnable =

@@ -3,6 +3,7 @@
 // rooms and participants there are.
 #include <utility>
 
+#include "data/text_ids.h"
 #include "manager/controlbar_manager.h"
 
 namespace VELLOMAR_CONTROLBAR {
@@ -16,7 +17,8 @@ void ControlbarManager::SetHostType(std::int64_t type) {
   const Scope scope(__func__);
   Info("SetHostType type:{}", type);
   const bool offers_host_control = type != kHostTypeParticipant && type != kHostTypeAttendee;
-  Apply(Whole(EventKey::HostControl, offers_host_control ? 0 : kStatusHidden, 10003));
+  Apply(
+      Whole(EventKey::HostControl, offers_host_control ? 0 : kStatusHidden, text_id::kHostControl));
   m_data->SetHostType(type);
   UpdateInterpreationBtnStatus();
   RefreshShareNew();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Bubbles at the bar's buttons. Their texts live until the widget library returns.
 #include "common/text.h"
+#include "data/text_ids.h"
 #include "manager/controlbar_manager.h"
 
 namespace VELLOMAR_CONTROLBAR {
@@ -26,21 +27,18 @@ void ControlbarManager::ShowChatMessageTip(const std::string& user_id,
 }
 
 void ControlbarManager::ShowLeaveTip() {
-  constexpr std::uint64_t kTitle = 10093;
-  constexpr std::uint64_t kText = 10094;
-  constexpr std::uint64_t kConfirm = 10095;
   // Copies: the library may let a new text map in while it is asked.
   const auto text_of = [this](std::uint64_t id) {
     const char* const text = m_data->GetNativeText(id);
     return std::string(text != nullptr ? text : "");
   };
-  const std::string title = text_of(kTitle);
-  const char* const pattern = m_data->GetNativeText(kText);
+  const std::string title = text_of(text_id::kLeaveTitle);
+  const char* const pattern = m_data->GetNativeText(text_id::kLeaveQuestion);
   // Outside a sub-room the meeting itself is what the user leaves.
   const std::string room =
       m_data->IsInSubRoom() ? m_data->GetSubRoomName() : m_data->GetMeetingDetailInfo().topic;
   const std::string text = VELLOMAR_COMMON::FillPlaceholder(pattern, room);
-  const std::string confirm = text_of(kConfirm);
+  const std::string confirm = text_of(text_id::kLeaveConfirm);
   const VellomarRect at = PositionOf(EventKey::Leave);
   VELLOMAR_LORIMEL::ConfirmTipWindowInfo info{title.c_str(),
                                               text.c_str(),

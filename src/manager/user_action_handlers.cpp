@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The handlers of user actions that have a rule of their own.
+#include "data/text_ids.h"
 #include "manager/user_actions.h"
 
 namespace VELLOMAR_CONTROLBAR {
@@ -141,8 +142,9 @@ void UserActions::OnControlbarSwitch() {
   const Scope scope(__func__);
   const bool expanded = !data.IsControllbarExpanded();
   data.SetControllbarSwitch(expanded);
-  data.SetEventKeyParams(EventKey::ControlbarSwitch, data.GetNativeText(expanded ? 10087 : 10088),
-                         0);
+  data.SetEventKeyParams(
+      EventKey::ControlbarSwitch,
+      data.GetNativeText(expanded ? text_id::kExpandedTip : text_id::kCollapsedTip), 0);
   manager.Push(*data.GetEventKeyParams(EventKey::ControlbarSwitch));
 }
 

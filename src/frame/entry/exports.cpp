@@ -8,11 +8,11 @@
 #include "bridge/resources.h"
 #include "bridge/server_api.h"
 #include "commands/command_table.h"
+#include "frame/entry/plugin.h"
 #include "frame/log/guard.h"
 #include "frame/log/log.h"
-#include "frame/notify/notifier.h"
-#include "frame/entry/plugin.h"
 #include "frame/log/trace_scope.h"
+#include "frame/notify/notifier.h"
 #include "manager/controlbar_manager.h"
 #include "vellomar/controlbar.h"
 
