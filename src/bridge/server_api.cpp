@@ -2,9 +2,12 @@
 #include "bridge/server_api.h"
 
 #include "bridge/resources.h"
+#include "common/text.h"
 
 namespace VELLOMAR_SERVER_API {
 namespace {
+
+using VELLOMAR_COMMON::OrEmpty;
 
 // Responses of the host's protocol, in the order of registration. The first is the avatar's.
 constexpr std::array<std::uint64_t, 11> kResponses = {VELLOMAR_RESPONSE_AVATAR,
@@ -18,10 +21,6 @@ constexpr std::array<std::uint64_t, 11> kResponses = {VELLOMAR_RESPONSE_AVATAR,
                                                       15000640,
                                                       15000610,
                                                       15000644};
-
-std::string Copy(const char* text) {
-  return text != nullptr ? text : "";
-}
 
 }  // namespace
 
@@ -57,7 +56,10 @@ bool VellomarServerApiResponser::OnReceive(std::uint64_t id, void* payload) {
 void VellomarServerApiResponser::OnAvatar(std::uint64_t, void* payload) {
   const auto& record = *static_cast<const VellomarAvatarResponse*>(payload);
   const auto callback = m_avatarCallback;
-  if (callback && *callback) (*callback)(Copy(record.avatarKey), Copy(record.avatarPath));
+  if (!callback || !*callback) return;
+  std::string key(OrEmpty(record.avatarKey));
+  std::string path(OrEmpty(record.avatarPath));
+  (*callback)(std::move(key), std::move(path));
 }
 
 void VellomarServerApiResponser::OnOther(std::uint64_t id, void* payload) {

@@ -32,7 +32,7 @@ constexpr EventKey KeyOf(std::int64_t slot) {
 }
 
 inline std::string Owned(const char* text) {
-  return text != nullptr ? text : "";
+  return std::string(VELLOMAR_COMMON::OrEmpty(text));
 }
 
 DeviceList Owned(const VellomarDevice* devices, std::int32_t count, const char* current);
@@ -62,7 +62,7 @@ inline std::tuple<std::optional<std::string>> Decode(const VellomarText& r) {
   return {r.text};
 }
 inline std::tuple<std::uint64_t> Decode(const VellomarDuration& r) {
-  return {VELLOMAR_COMMON::ParseNumber(r.seconds != nullptr ? r.seconds : "")};
+  return {VELLOMAR_COMMON::ParseNumber(VELLOMAR_COMMON::OrEmpty(r.seconds))};
 }
 inline auto Decode(const VellomarShowControlbar& r) {
   return std::tuple(r.display.x, r.display.y, r.display.width, r.display.height);

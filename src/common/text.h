@@ -8,6 +8,11 @@
 
 namespace VELLOMAR_COMMON {
 
+// A text of the interface, where null is read as empty.
+constexpr std::string_view OrEmpty(const char* text) {
+  return text != nullptr ? std::string_view(text) : std::string_view();
+}
+
 // `text` with `value` in place of its first "{{name}}", whatever the name. A text without a
 // placeholder comes back as it is; without any text (null) the value stands alone.
 std::string FillPlaceholder(const char* text, std::string_view value);

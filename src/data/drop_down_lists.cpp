@@ -245,7 +245,7 @@ BtnParams* ControlBarDataManager::FormatParticipants(int& count) {
       GetNativeText(controlled ? text_id::kControlledBy : text_id::kGiveControl);
   std::string controlling_text =
       controlled ? VELLOMAR_COMMON::FillPlaceholder(text, m_remoteController->display_name)
-                 : std::string(text != nullptr ? text : "");
+                 : std::string(VELLOMAR_COMMON::OrEmpty(text));
   const auto caption = std::make_shared<const std::string>(controlling_text);
   list.owners.push_back(caption);
   AddRow(list, {EventKey::GroupHeader, "ControllingText", kNoText}).text = caption->c_str();

@@ -5,7 +5,6 @@
 // costs a look-up and a comparison and nothing else. The store is up to date before the host is
 // asked for anybody's avatar: a response from inside the question finds the participant.
 #include <charconv>
-#include <cstring>
 
 #include "bridge/server_api.h"
 #include "common/text.h"
@@ -51,7 +50,7 @@ std::shared_ptr<const Participant> WithPath(const Participant& old, const std::s
 
 ParticipantList::ParticipantList(const VellomarParticipant* participants, std::int32_t count) {
   if (participants == nullptr || count <= 0) return;
-  const auto size = [](const char* text) { return text != nullptr ? std::strlen(text) : 0; };
+  const auto size = [](const char* text) { return VELLOMAR_COMMON::OrEmpty(text).size(); };
   std::size_t total = 0;
   for (std::int32_t i = 0; i < count; ++i) {
     const VellomarParticipant& p = participants[i];
@@ -64,7 +63,7 @@ ParticipantList::ParticipantList(const VellomarParticipant* participants, std::i
   m_items.reserve(static_cast<std::size_t>(count));
   const auto copy = [this, size](const char* text) {
     const std::size_t start = m_texts.size();
-    m_texts.append(text != nullptr ? text : "", size(text));
+    m_texts.append(VELLOMAR_COMMON::OrEmpty(text));
     return std::string_view(m_texts).substr(start);
   };
   for (std::int32_t i = 0; i < count; ++i) {

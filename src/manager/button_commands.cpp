@@ -100,7 +100,7 @@ void ControlbarManager::SetParticipantsCount(int count) {
   const auto shown = static_cast<std::uint32_t>(std::max(count, 0));
   const char* const text = m_data->GetNativeText(text_id::kParticipants);
   std::string label =
-      fmt::format("{}{}({})", text != nullptr ? text : "", text != nullptr ? " " : "", shown);
+      fmt::format("{}{}({})", VELLOMAR_COMMON::OrEmpty(text), text != nullptr ? " " : "", shown);
   m_data->SetParticipantCount(shown);
   m_data->SetComposedLabel(EventKey::Participants, std::move(label));
   UpdateUIElement(EventKey::Participants);

@@ -29,8 +29,7 @@ void ControlbarManager::ShowChatMessageTip(const std::string& user_id,
 void ControlbarManager::ShowLeaveTip() {
   // Copies: the library may let a new text map in while it is asked.
   const auto text_of = [this](std::uint64_t id) {
-    const char* const text = m_data->GetNativeText(id);
-    return std::string(text != nullptr ? text : "");
+    return std::string(VELLOMAR_COMMON::OrEmpty(m_data->GetNativeText(id)));
   };
   const std::string title = text_of(text_id::kLeaveTitle);
   const char* const pattern = m_data->GetNativeText(text_id::kLeaveQuestion);

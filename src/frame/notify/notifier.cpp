@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "frame/notify/notifier.h"
 
+#include "common/text.h"
+
 namespace VELLOMAR_CONTROLBAR {
 namespace {
 
 void Own(const char*& text, __ResourceCollection__& texts) {
-  MakeCString(text != nullptr ? text : "", text, texts);
+  MakeCString(VELLOMAR_COMMON::OrEmpty(text), text, texts);
 }
 
 }  // namespace
