@@ -35,8 +35,8 @@ TEST(Operations, AResponseMayReplaceItsOwnCallableAndEndThePlugIn) {
   std::string heard;
   auto* const responser = VellomarServerApiResponser::GetInstance();
   // The callables are too large to lie in the function object: what they kept is gone with them.
-  for (const std::uint64_t id : {15000753, 15000713, 15000240, 15000805, 15000152, 15000355,
-                                 15000068, 15000640, 15000610, 15000644}) {
+  for (const std::uint64_t id : {15000753u, 15000713u, 15000240u, 15000805u, 15000152u, 15000355u,
+                                 15000068u, 15000640u, 15000610u, 15000644u}) {
     responser->SetCallback(id, [&, kept = std::string(100, '1')](std::uint64_t same, void*) {
       responser->SetCallback(same, [&](std::uint64_t, void*) { heard += '2'; });
       heard += kept[99];
