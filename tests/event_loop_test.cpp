@@ -187,7 +187,7 @@ TEST_F(EventLoopTest, TimersRepeatUntilUninitStopsThemInOrder) {
   Loop().StartTimer(5, Counting());
   host.next_id = 20;
   Loop().StartTimer(6, Counting());
-  for (const Id id : {30, 30, 20}) host.Fire(id);
+  for (const Id id : {30u, 30u, 20u}) host.Fire(id);
   EXPECT_EQ(runs, 3);
   EventLoopTable table = host.Table();
   table.stopTimerFn = nullptr;
