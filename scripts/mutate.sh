@@ -92,12 +92,20 @@ program() { find "$1" -type f -name "$2" -perm -u+x | head -n 1; }
 
 # run_tests BUILD: prints the first that fails; nothing where all pass. 2: does not compile.
 run_tests() {
-  local build=$1 test binary
+  local build=$1 test binary status
   for test in "${tests[@]}"; do
     ninja -C "$build" -t query "$test" >/dev/null 2>&1 || continue
     ninja -C "$build" "$test" >"$build.log" 2>&1 || return 2
     binary=$(program "$build" "$test")
-    if ! timeout 60 "$binary" --gtest_brief=1 --gtest_fail_fast >"$build.out" 2>&1; then
+    status=0
+    timeout 300 "$binary" --gtest_brief=1 --gtest_fail_fast >"$build.out" 2>&1 || status=$?
+    if [ $status -eq 124 ]; then  # a loop without end, or a machine that is very busy: look
+      say "$test: no end within 300 s"
+      return
+    elif [ $status -gt 128 ]; then
+      say "$test: signal $((status - 128))"
+      return
+    elif [ $status -ne 0 ]; then
       say "$test: $(grep -m 1 -oE '^\[  FAILED  \] [^ ,(]+|ERROR: [A-Za-z]+Sanitizer: [a-z-]+|runtime error.*' \
         "$build.out" | sed 's/^\[  FAILED  \] //' | head -n 1)"
       return

@@ -5,10 +5,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <limits>
 #include <string>
 
 #include "frame/log/function_statistics.h"
+#include "frame/log/trace_scope.h"
 #include "support/recording_log.h"
 
 namespace {
@@ -25,6 +27,16 @@ TEST(LogTest, LongLinesAreWrittenWholeAndATextWithoutArgumentsMayHoldBraces) {
   EXPECT_THAT(recording_log::Lines(),
               ElementsAre(Line{"vellomar_controlbar", 3, text + "!"},
                           Line{"vellomar_controlbar", 4, "a {} that is none"}));
+}
+
+TEST(LogTest, AScopeNamesItsModuleAndCostsMilliseconds) {
+  const std::uint64_t start = VELLOMAR_LOG::NowMilliseconds();
+  EXPECT_NEAR(static_cast<double>(start) / 1'000, static_cast<double>(std::time(nullptr)), 2);
+  { const VELLOMAR_LOG::TraceScope scope("Work", "Of::", "other"); }
+  const Line exit = recording_log::Lines().back();
+  EXPECT_EQ(exit.module, "other");
+  EXPECT_LE(std::stoull(exit.text.substr(exit.text.rfind(' '))),
+            VELLOMAR_LOG::NowMilliseconds() - start);
 }
 
 TEST(LogTest, StatisticsWriteTheirAverageAndDoNotDivideByZero) {

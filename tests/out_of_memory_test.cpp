@@ -129,7 +129,7 @@ constexpr std::array<std::int32_t, 11> kWindows = {1018, 1020, 1065, 1012, 1008,
 template <typename Look>
 void OpenLists(Look look) {
   for (const std::int32_t key : kWindows) {
-    int count = 0;
+    int count = 3;  // of another list
     BtnParams* const rows = bench::Callbacks().on_show_window(static_cast<EventKey>(key), count);
     look(std::span(rows, static_cast<std::size_t>(count)));
   }

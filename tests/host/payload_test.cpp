@@ -102,8 +102,9 @@ TEST(Payload, NamesTheArgumentThatDoesNotFit) {
       {"setCameraInfo", R"({"cameras": [{"id": "a", "name": 5}], "currentCameraId": ""})",
        R"(: "cameras[0].name" should be a text or null, not 5)"},
   };
-  for (const auto& [command, arguments, error] : cases) {
-    EXPECT_EQ(ErrorOf([&] { Encode(command, arguments); }), std::string(command) + error);
+  for (const Case& it : cases) {
+    EXPECT_EQ(ErrorOf([&] { Encode(it.command, it.arguments); }),
+              std::string(it.command) + it.error);
   }
 }
 

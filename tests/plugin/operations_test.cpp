@@ -30,24 +30,26 @@ TEST(Operations, ASwitchToTheSameSubTypeIsRefused) {
 }
 
 TEST(Operations, AResponseMayReplaceItsOwnCallableAndEndThePlugIn) {
-  constexpr std::uint64_t kResponse = 15000753;
   streams::Player player;
   player.Play("init");
   std::string heard;
   auto* const responser = VellomarServerApiResponser::GetInstance();
   // The callables are too large to lie in the function object: what they kept is gone with them.
-  responser->SetCallback(kResponse, [&, kept = std::string(100, '1')](std::uint64_t, void*) {
-    responser->SetCallback(kResponse, [&](std::uint64_t, void*) { heard += '2'; });
-    heard += kept[99];
-  });
+  for (const std::uint64_t id : {15000753u, 15000713u, 15000240u, 15000805u, 15000152u, 15000355u,
+                                 15000068u, 15000640u, 15000610u, 15000644u}) {
+    responser->SetCallback(id, [&, kept = std::string(100, '1')](std::uint64_t same, void*) {
+      responser->SetCallback(same, [&](std::uint64_t, void*) { heard += '2'; });
+      heard += kept[99];
+    });
+    for (int times = 0; times < 2; ++times) player.Play("respond " + std::to_string(id));
+  }
   responser->SetAvatarCallback(
       [&, kept = std::string(100, '3')](const std::string&, const std::string&) {
         ExportedUninit();
         heard += kept[99];
       });
-  for (const char* id : {"15000753", "15000753", "15000555"})
-    player.Play(std::string("respond ") + id);
-  EXPECT_EQ(heard, "123");
+  player.Play("respond 15000555");
+  EXPECT_EQ(heard, "121212121212121212123");
 }
 
 TEST(Resources, AnAnswerIsKeptUntilTheHostDropsItOrTheNextOne) {

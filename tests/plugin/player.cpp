@@ -319,6 +319,8 @@ void Player::Ask(const std::string& rest) {
   }
   TheLibrary().rows[key] = {rows, static_cast<std::size_t>(count)};
   answered_[key] = RowLines(TheLibrary().rows[key]);
+  if (shown == "changes" && answered_[key].size() < before.size())
+    tail_.push_back(fmt::format("rows {}", answered_[key].size()));
   for (std::size_t i = 0; i < answered_[key].size(); ++i) {
     const std::string& line = answered_[key][i];
     const bool same = i < before.size() && before[i] == line;

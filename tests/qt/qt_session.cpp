@@ -5,7 +5,6 @@
 #include <QTest>
 #include <QWindow>
 #include <filesystem>
-#include <ranges>
 
 #include "host/scenario.h"
 #include "host/tables.h"
@@ -198,8 +197,9 @@ std::vector<std::string> QtSession::Told() const {
 }
 
 QtSession::json QtSession::LastPayload(const std::string& name) const {
-  for (const auto& received : session.notifications() | std::views::reverse) {
-    if (received.notification->name == name) return received.payload;
+  const auto& all = session.notifications();
+  for (auto received = all.rbegin(); received != all.rend(); ++received) {
+    if (received->notification->name == name) return received->payload;
   }
   ADD_FAILURE() << name;
   return {};

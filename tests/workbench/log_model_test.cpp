@@ -53,17 +53,6 @@ TEST_F(LogModelTest, ScopesNestAndCarryTheirCosts) {
   EXPECT_THAT(Rows(), ElementsAre("Call:3", " A:2", "  line", " B:0", "beside"));
 }
 
-TEST_F(LogModelTest, TheOldestGoAndWhatWasOpenIsClosedAllTheSame) {
-  Append({"entry Old"});
-  Append(std::vector<std::string>(LogModel::kMostRows, "line"));
-  EXPECT_LE(static_cast<std::size_t>(model.rowCount()), LogModel::kMostRows);
-  Append({"entry New", "exit New, cost : 5", "exit Old, cost : 9"});
-  const int last = model.rowCount() - 1;
-  EXPECT_EQ(model.index(last - 1, LogModel::kCost).data(), "5");
-  EXPECT_EQ(model.index(last, LogModel::kText).data(Qt::ToolTipRole), "exit Old, cost : 9")
-      << "its row has gone, so the line stays";
-}
-
 TEST_F(LogModelTest, FiltersByLevelAndText) {
   Append({"entry A::Run"});
   Append({"key out of range!"}, 4);
