@@ -215,6 +215,18 @@ TEST_F(WidgetsTest, AnOpenListFollowsItsButton) {
   EXPECT_EQ(user.rowCount(), 0);
 }
 
+TEST_F(WidgetsTest, AMemberFailsWhileItIsRefused) {
+  user.refuse("CreateControlbar", true);
+  EXPECT_FALSE(Create());
+  user.refuse("CreateControlbar", false);
+  ShowBar();
+  user.refuse("SetEventKey", true);
+  Record(1007).status = kStatusHidden;
+  EXPECT_FALSE(lorimel.SetEventKey(Record(1007)));
+  EXPECT_TRUE(IsShown(1007));
+  user.refuse("SetEventKey", false);
+}
+
 TEST_F(WidgetsTest, CallbacksMayCloseTheBarThatTheyComeFrom) {
   SetRows({1080});
   act = [this] { EXPECT_TRUE(lorimel.CloseSharedControlbar()); };

@@ -87,6 +87,10 @@ typedef struct LorimelDriver {
   bool(VELLOMAR_ABI* row)(int32_t index, LorimelButton* out);
   bool(VELLOMAR_ABI* barVisible)(void);
 
+  /* From now on the member of Lorimel (its name, not null) does nothing and answers false or 0, as a
+   * library that fails, or obeys again. The callbacks of what is there already go on. */
+  void(VELLOMAR_ABI* refuse)(const char* member, bool refused);
+
   /* Writes a PNG of the bar with what is open around it. False where there is no picture to take.
    */
   bool(VELLOMAR_ABI* screenshot)(const char* path);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The user's hands and eyes for tools and tests, on the code paths that the mouse takes too.
 #include <algorithm>
+#include <set>
+#include <string>
 
 #include "model/library.h"
 
@@ -18,6 +20,7 @@ struct Watcher {
 
 Watcher<LorimelObserver> g_calls;
 Watcher<LorimelUserObserver> g_user;
+std::set<std::string, std::less<>> g_refused;
 
 bool Press(std::int32_t key) {
   Model* model = CurrentModel("press");
@@ -86,6 +89,14 @@ bool BarVisible() {
   return model != nullptr && model->IsBarVisible();
 }
 
+void Refuse(const char* member, bool refused) {
+  if (refused) {
+    g_refused.emplace(member);
+  } else {
+    g_refused.erase(member);
+  }
+}
+
 }  // namespace
 
 LorimelDriver ModelDriver(const char* name, void (*pump)(std::int32_t max_ms), void (*wake)(),
@@ -107,8 +118,13 @@ LorimelDriver ModelDriver(const char* name, void (*pump)(std::int32_t max_ms), v
   driver.rowCount = RowCount;
   driver.row = Row;
   driver.barVisible = BarVisible;
+  driver.refuse = Refuse;
   driver.screenshot = screenshot;
   return driver;
+}
+
+bool IsRefused(const char* member) {
+  return g_refused.contains(member);
 }
 
 void ObserveUser(const char* action, EventKey key, const char* value_text) {

@@ -27,6 +27,9 @@ LorimelDriver ModelDriver(const char* name, void (*pump)(std::int32_t max_ms), v
 void ObserveUser(const char* action, VELLOMAR_LORIMEL::EventKey key,
                  const char* value_text = nullptr);
 
+// Whether the tool has asked for this member to fail.
+bool IsRefused(const char* member);
+
 // Tells it of a call of the plug-in. `record` is null for every member but SetEventKey.
 void Observe(const char* member, const OwnedButton* record = nullptr);
 

@@ -14,9 +14,10 @@ using vellomar_widgets::Bubble;
 using vellomar_widgets::Model;
 using vellomar_widgets::OwnedButton;
 
-Model* Called(const char* member) {
-  vellomar_widgets::Observe(member);
-  return vellomar_widgets::CurrentModel(member);
+// Null where the member is to fail.
+Model* Called(const char* member, const OwnedButton* record = nullptr) {
+  vellomar_widgets::Observe(member, record);
+  return vellomar_widgets::IsRefused(member) ? nullptr : vellomar_widgets::CurrentModel(member);
 }
 
 vellomar_widgets::Records CopyRecords(const BtnParams* params, int count) {
@@ -89,8 +90,7 @@ bool Lorimel::SetShowWindowCallback(ShowWindowCallback* callback) {
 
 bool Lorimel::SetEventKey(BtnParams& params) {
   const OwnedButton record(params);
-  vellomar_widgets::Observe("SetEventKey", &record);
-  Model* model = vellomar_widgets::CurrentModel("SetEventKey");
+  Model* model = Called("SetEventKey", &record);
   return model != nullptr && model->SetRecord(record);
 }
 
