@@ -139,8 +139,8 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void ClearSketchDropDown();
   void CloseSketchControlbar();
 
- private:
-  friend struct UserActions;
+  // --- For the handlers of user actions, which trace themselves as members of this class
+
   class Scope : public VELLOMAR_LOG::TraceScope {
    public:
     explicit Scope(const char* operation)
@@ -151,6 +151,8 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   // Where a button is on the screen; zeros where it is not shown.
   static VellomarRect PositionOf(EventKey key);
   void ShowLeaveTip();
+
+ private:
   // The record of a key; null, with a log line, where there is none.
   BtnParams* Record(EventKey key);
   void Change(const ButtonChange& change);  // without showing it

@@ -205,7 +205,7 @@ void ControlbarManager::OnUIEvent(BtnParams& params) {
   const ReceivedEvent event(params);
   VELLOMAR_LOG::Info("OnUIEvent type:{}", static_cast<int>(params.key));
   OnItemValueChanged(event.Params());
-  UserActions::Dispatch(*this, event.Params());
+  RunUserAction(*this, event.Params());
 }
 
 void ControlbarManager::OnItemValueChanged(const BtnParams& params) {
