@@ -40,6 +40,7 @@ decltype(auto) ConvertTo(From& value) {
   }
 }
 
+// One value for each parameter, converted to its type.
 template <typename Result, typename... Parameters, typename... Values>
 Result Call(Result (ControlbarManager::*operation)(Parameters...), Values&... values) {
   static_assert(sizeof...(Parameters) == sizeof...(Values),
