@@ -30,6 +30,9 @@ class AntennaEventLoop : public VELLOMAR_COMMON::Singleton<AntennaEventLoop> {
 
   static constexpr std::size_t kListenerLimit = 67'108'863;
 
+  explicit AntennaEventLoop(std::size_t listener_limit = kListenerLimit)
+      : m_listenerLimit(listener_limit) {}
+
   // Copies the host's table and registers the observer; one that is registered on another loop is
   // taken off that one first.
   void Init(const EventLoopTable& table);
@@ -60,18 +63,10 @@ class AntennaEventLoop : public VELLOMAR_COMMON::Singleton<AntennaEventLoop> {
   // there are too many.
   Id AddListener(Task listener);
   void RemoveListener(Id id);
-  void SetListenerLimit(std::size_t limit) { m_listenerLimit = limit; }
 
   // Forwarded to the host as they are; 0 where it has no such slot.
   std::uint32_t Query(std::uint32_t first, std::uint32_t second) const;
   std::uint32_t Query3(std::uint32_t first, std::uint32_t second, std::uint32_t third) const;
-
-  // How many tasks of a kind are recorded.
-  std::size_t TaskCount() const { return tasks.size(); }
-  std::size_t TaskAlt1Count() const { return tasksAlt1.size(); }
-  std::size_t TaskAlt2Count() const { return tasksAlt2.size(); }
-  std::size_t DelayedTaskCount() const { return delayedTasks.size(); }
-  std::size_t TimerCount() const { return timers.size(); }
 
  private:
   // A callable that the host may call back. Not owned by this object, which it may outlive.
@@ -106,7 +101,7 @@ class AntennaEventLoop : public VELLOMAR_COMMON::Singleton<AntennaEventLoop> {
   Id observerId = 0;  // the host may give out 0 as well: whether there is one says m_observer
   Observer m_observer = Observer::kNone;
   std::uint64_t m_observerRequests = 0;
-  std::size_t m_listenerLimit = kListenerLimit;
+  const std::size_t m_listenerLimit;
   const std::uint64_t m_life = ++s_lives;
 
   inline static std::uint64_t s_lives = 0;

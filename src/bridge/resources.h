@@ -52,7 +52,6 @@ class ResourceCollection {
   void Add(std::shared_ptr<ResourceBase<Side>> resource) {
     m_resources.push_back(std::move(resource));
   }
-  std::size_t Size() const { return m_resources.size(); }
 
  private:
   std::vector<std::shared_ptr<ResourceBase<Side>>> m_resources;

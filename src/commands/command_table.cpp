@@ -23,25 +23,6 @@ namespace {
 
 using VELLOMAR_LOG::TraceScope;
 
-// The parameters and result of an operation: a member function, or a row of its own.
-template <typename Operation>
-struct Signature;
-template <>
-struct Signature<const FlagCommand*> {
-  using Result = void;
-  using Parameters = std::tuple<bool>;
-};
-template <typename Value>
-struct Signature<const StoreCommand<Value>*> {
-  using Result = void;
-  using Parameters = std::tuple<Value>;
-};
-template <typename R, typename... Ps>
-struct Signature<R (ControlbarManager::*)(Ps...)> {
-  using Result = R;
-  using Parameters = std::tuple<std::remove_cvref_t<Ps>...>;
-};
-
 // Values of a record become the operation's own type. A number is held to that type's range, not
 // cut, and a null text is empty for operations that do not tell the two apart.
 template <typename To, typename From>
@@ -59,26 +40,13 @@ decltype(auto) ConvertTo(From& value) {
   }
 }
 
-template <auto operation, typename Parameters, typename Arguments>
-auto Invoke(ControlbarManager& manager, Arguments& arguments) {
-  return [&]<std::size_t... i>(std::index_sequence<i...>) {
-    return (manager.*
-            operation)(ConvertTo<std::tuple_element_t<i, Parameters>>(std::get<i>(arguments))...);
-  }
-  (std::make_index_sequence<std::tuple_size_v<Arguments>>());
-}
-
-template <auto operation, typename Arguments>
-auto Call(Arguments& arguments) {
-  using Parameters = typename Signature<decltype(operation)>::Parameters;
-  static_assert(std::tuple_size_v<Parameters> == std::tuple_size_v<Arguments>,
+// One value for each parameter, converted to its type.
+template <typename Result, typename... Parameters, typename... Values>
+Result Call(Result (ControlbarManager::*operation)(Parameters...), Values&... values) {
+  static_assert(sizeof...(Parameters) == sizeof...(Values),
                 "the record does not have the operation's arguments");
-  ControlbarManager& manager = *ControlbarManager::GetInstance();
-  if constexpr (std::is_pointer_v<decltype(operation)>) {
-    manager.Run(*operation, std::get<0>(arguments));
-  } else {
-    return Invoke<operation, Parameters>(manager, arguments);
-  }
+  return (ControlbarManager::GetInstance()->*operation)(
+      ConvertTo<std::remove_cvref_t<Parameters>>(values)...);
 }
 
 template <const char* name, typename Record, auto operation>
@@ -88,13 +56,11 @@ void Post(std::uint64_t, void* payload) {
   // Captured one by one: std::function holds one or two numbers without a block of their own, but
   // never a tuple, which is not trivially copyable.
   std::apply(
-      [](auto&&... values) {
-        AntennaEventLoop::GetInstance()->PostTask([... owned = std::move(values)]() mutable {
-          auto all = std::tie(owned...);
-          Call<operation>(all);
-        });
+      [](auto&... values) {
+        AntennaEventLoop::GetInstance()->PostTask(
+            [... owned = std::move(values)]() mutable { Call(operation, owned...); });
       },
-      std::move(arguments));
+      arguments);
 }
 
 template <const char* name, typename Record, auto operation>
@@ -103,10 +69,13 @@ void Sync(std::uint64_t id, void* payload) {
   auto arguments = Decode(record);
   auto& pool = *__ResourceCollectionPool__::GetInstance();
   auto kept = __ResourceCollectionPool__::MakeEntry(id);
-  typename Signature<decltype(operation)>::Result result{};
+  const auto call = [&arguments] {
+    return std::apply([](auto&... values) { return Call(operation, values...); }, arguments);
+  };
+  decltype(call()) result{};  // what the host reads if its loop runs nothing
   {
     const TraceScope scope(name);
-    auto run = [&result, &arguments] { result = Call<operation>(arguments); };
+    auto run = [&] { result = call(); };
     AntennaEventLoop::Task task(std::ref(run));  // by reference: nothing is copied to the heap
     AntennaEventLoop::GetInstance()->RunTaskSync(task);
   }

@@ -16,32 +16,74 @@ using VELLOMAR_LORIMEL::kStatusDisabled;
 using VELLOMAR_LORIMEL::kStatusHidden;
 using VELLOMAR_LORIMEL::kStatusOn;
 
-ControlbarManager::ButtonChange ControlbarManager::Bit(EventKey key, std::int32_t bit, bool on) {
-  return {key, on ? bit : 0, on ? 0 : bit};
+void ControlbarManager::FollowFlag(const char* operation, VELLOMAR_LOG::FormatString<bool&> log,
+                                   bool flag, const ButtonChange& change) {
+  const Scope scope(operation);
+  Info(log, flag);
+  Apply(change);
 }
 
-ControlbarManager::ButtonChange ControlbarManager::Whole(EventKey key, std::int32_t status,
-                                                         std::uint64_t text_id) {
-  return {key, status, kWholeStatus, text_id};
+void ControlbarManager::SetParticipantsStatus(bool open) {
+  FollowFlag(__func__, "SetParticipantsStatus:{}", open, TurnedOn(EventKey::Participants, open));
 }
 
-void ControlbarManager::Change(const ButtonChange& change) {
-  const std::int32_t status = m_data->GetEventKeyStatus(change.key);
-  m_data->SetEventKeyParams(change.key, (status & ~change.clear) | change.set);
-  if (change.text_id == ControlBarDataManager::kNoText) return;
-  m_data->SetEventKeyParams(change.key, m_data->GetNativeText(change.text_id), 0);
+void ControlbarManager::SetRemoteControlEnabled(bool enable) {
+  FollowFlag(__func__, "[Controlbar] Set remote control enable {}.", enable,
+             Offered(EventKey::RemoteControl, enable, text_id::kRemoteControl));
 }
 
-void ControlbarManager::Apply(const ButtonChange& change) {
-  Change(change);
-  UpdateUIElement(change.key);
+void ControlbarManager::SetSubtitleEnable(bool enable) {
+  FollowFlag(__func__, "[Controlbar] Set subtitle enable {}.", enable,
+             Offered(EventKey::Subtitles, enable));
 }
 
-void ControlbarManager::Run(const FlagCommand& command, bool flag) {
-  const Scope scope(command.name);
-  Info(command.log, flag);
-  const std::int32_t status = flag == command.set_when ? command.bit : 0;
-  Apply({command.key, status, command.whole ? kWholeStatus : command.bit, command.text_id});
+void ControlbarManager::SetPhoneInviteEnable(bool enable) {
+  FollowFlag(__func__, "[Controlbar] Set phone invite enable {}.", enable,
+             Offered(EventKey::PhoneInvite, enable, text_id::kPhoneInvite));
+}
+
+void ControlbarManager::SetSipInviteEnable(bool enable) {
+  FollowFlag(__func__, "[Controlbar] Set sip invite enable {}.", enable,
+             Enabled(EventKey::SipInvite, enable));
+}
+
+void ControlbarManager::SetLiveEnable(bool enable) {
+  FollowFlag(__func__, "[Controlbar] Set live enable {}.", enable,
+             Enabled(EventKey::LiveStream, enable));
+}
+
+void ControlbarManager::SetRecordVisible(bool visible) {
+  FollowFlag(__func__, "[Controlbar] Set record visible {}.", visible,
+             Shown(EventKey::Record, visible));
+}
+
+void ControlbarManager::SetReactionVisible(bool visible) {
+  FollowFlag(__func__, "SetReactionVisible: {}", visible, Shown(EventKey::Reaction, visible));
+}
+
+void ControlbarManager::SetExternalMeeting(bool external) {
+  FollowFlag(__func__, "SetExternalMeeting: {}", external,
+             Shown(EventKey::ExternalMeeting, external));
+}
+
+void ControlbarManager::SetAskHostForHelpVisible(bool visible) {
+  FollowFlag(__func__, "SetAskHostForHelpVisible: {}", visible,
+             Shown(EventKey::AskHostForHelp, visible));
+}
+
+void ControlbarManager::SetAskHostForHelpEnable(bool enable) {
+  FollowFlag(__func__, "SetAskHostForHelpEnable: {}", enable,
+             Enabled(EventKey::AskHostForHelp, enable));
+}
+
+void ControlbarManager::SetInterpretationOriginEnable(bool enable) {
+  FollowFlag(__func__, "SetInterpretationOriginEnable: enable = {}", enable,
+             Enabled(EventKey::MuteOrigin, enable));
+}
+
+void ControlbarManager::SetInterpretationCloseOrigin(bool status) {
+  FollowFlag(__func__, "SetInterpretationCloseOrigin: status = {}", status,
+             TurnedOn(EventKey::MuteOrigin, status));
 }
 
 void ControlbarManager::SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status,
@@ -76,7 +118,7 @@ void ControlbarManager::SetInteraction(bool enable, bool is_show) {
 
 void ControlbarManager::SetShareAudioEnable(bool enable) {
   const Scope scope(__func__);
-  Apply(Bit(EventKey::ShareAudio, kStatusDisabled, !enable));
+  Apply(Enabled(EventKey::ShareAudio, enable));
   RefreshShareNew();
 }
 
@@ -124,15 +166,15 @@ void ControlbarManager::SetLiveStatus(std::int64_t status, std::int64_t count) {
                                                        fmt::format("{}", count));
   m_data->SetLiveStatus(live);
   m_data->SetComposedLabel(EventKey::LiveIndicator, std::move(label));
-  Apply(Bit(EventKey::LiveIndicator, kStatusHidden, !live));
+  Apply(Shown(EventKey::LiveIndicator, live));
 }
 
 void ControlbarManager::SetRecordStatus(bool recording) {
   const Scope scope(__func__);
   Info("[Controlbar] Set record status {}.", recording);
   m_data->SetRecording(recording);
-  Apply(Bit(EventKey::Record, kStatusOn, recording));
-  Apply(Bit(EventKey::RecordIndicator, kStatusHidden, !recording));
+  Apply(TurnedOn(EventKey::Record, recording));
+  Apply(Shown(EventKey::RecordIndicator, recording));
 }
 
 void ControlbarManager::SetShareAudioStatus(bool started) {
@@ -157,8 +199,8 @@ void ControlbarManager::SetJoinPermission(std::int64_t level) {
 void ControlbarManager::SetVideoOption(EventKey key, int visible, int enabled, int checked) {
   const bool on = checked != 0;
   Change({key, on ? kStatusOn : 0, kStatusOn | kStatusHidden | kStatusDisabled});
-  Change(Bit(key, kStatusHidden, visible == 0));
-  Change(Bit(key, kStatusDisabled, enabled == 0));
+  Change(Shown(key, visible != 0));
+  Change(Enabled(key, enabled != 0));
   RefreshShareNew();
 }
 
@@ -177,13 +219,13 @@ void ControlbarManager::SetKeepMyVideoOnTheScreenStatus(int visible, int enabled
 void ControlbarManager::SetButtonEnable(EventKey key, bool enable) {
   const Scope scope(__func__);
   Info("SetButtonEnable: {},{}", static_cast<int>(key), enable);
-  if (Record(key) != nullptr) Apply(Bit(key, kStatusDisabled, !enable));
+  if (Record(key) != nullptr) Apply(Enabled(key, enable));
 }
 
 void ControlbarManager::SetButtonVisible(EventKey key, bool visible) {
   const Scope scope(__func__);
   Info("SetButtonVisible: {},{}", static_cast<int>(key), visible);
-  if (Record(key) != nullptr) Apply(Bit(key, kStatusHidden, !visible));
+  if (Record(key) != nullptr) Apply(Shown(key, visible));
 }
 
 void ControlbarManager::RefreshShareNew() {

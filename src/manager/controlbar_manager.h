@@ -17,9 +17,8 @@
 
 #include "common/singleton.h"
 #include "data/control_bar_data_manager.h"
-#include "data/text_ids.h"
 #include "frame/notify/notifier.h"
-#include "manager/command_rows.h"
+#include "manager/button_change.h"
 #include "vellomar/lorimel.h"
 
 namespace VELLOMAR_CONTROLBAR {
@@ -39,12 +38,7 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   // A close that is reported from now on does not create the bar anew.
   void ForgetPending() { m_recreatePending = false; }
   VellomarRect GetMainWindowPosition();
-  void UpdateUIElement(EventKey key);
   void SetWindowTitle(const std::optional<std::string>& title);  // nothing: a null text
-  void SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
-  void SetTestContentMap(const std::vector<std::uint64_t>& keys, std::vector<std::string> texts);
-  void SetItemValue(EventKey key, bool hasExpend, std::string itemName, std::string itemText,
-                    std::string tag, std::int32_t sta);
   void SetRegWidgetMovingEvent(bool enable);
   void SetControlBarSimplifyEnable(bool enable);
 
@@ -55,6 +49,14 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   BtnParams* OnGetWindowInfo(EventKey key, int& count);
   void OnUIEvent(BtnParams& params);
 
+  // --- Records (records.cpp)
+
+  void UpdateUIElement(EventKey key);
+  void SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
+  void SetTestContentMap(const std::vector<std::uint64_t>& keys, std::vector<std::string> texts);
+  void SetItemValue(EventKey key, bool hasExpend, std::string itemName, std::string itemText,
+                    std::string tag, std::int32_t sta);
+
   // --- Tips (tips.cpp)
 
   void ShowButtonTip(EventKey key, const std::string& text, bool a, int b, bool c);
@@ -62,60 +64,21 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
                           std::int64_t number, const std::string& sender_name,
                           const std::string& message);
 
-  // --- Buttons that follow one flag. Remote control, subtitles and phone invitations are hidden,
-  // not greyed, where they are not enabled.
+  // --- Buttons that follow one flag (button_commands.cpp)
 
-  static constexpr FlagCommand SetParticipantsStatus =
-      TurnsOn("SetParticipantsStatus", "SetParticipantsStatus:{}", EventKey::Participants);
-  static constexpr FlagCommand SetRemoteControlEnabled =
-      OffersButton("SetRemoteControlEnabled", "[Controlbar] Set remote control enable {}.",
-                   EventKey::RemoteControl, text_id::kRemoteControl);
-  static constexpr FlagCommand SetSubtitleEnable = OffersButton(
-      "SetSubtitleEnable", "[Controlbar] Set subtitle enable {}.", EventKey::Subtitles);
-  static constexpr FlagCommand SetPhoneInviteEnable =
-      OffersButton("SetPhoneInviteEnable", "[Controlbar] Set phone invite enable {}.",
-                   EventKey::PhoneInvite, text_id::kPhoneInvite);
-  static constexpr FlagCommand SetSipInviteEnable = EnablesButton(
-      "SetSipInviteEnable", "[Controlbar] Set sip invite enable {}.", EventKey::SipInvite);
-  static constexpr FlagCommand SetLiveEnable =
-      EnablesButton("SetLiveEnable", "[Controlbar] Set live enable {}.", EventKey::LiveStream);
-  static constexpr FlagCommand SetRecordVisible =
-      ShowsButton("SetRecordVisible", "[Controlbar] Set record visible {}.", EventKey::Record);
-  static constexpr FlagCommand SetReactionVisible =
-      ShowsButton("SetReactionVisible", "SetReactionVisible: {}", EventKey::Reaction);
-  static constexpr FlagCommand SetExternalMeeting =
-      ShowsButton("SetExternalMeeting", "SetExternalMeeting: {}", EventKey::ExternalMeeting);
-  static constexpr FlagCommand SetAskHostForHelpVisible = ShowsButton(
-      "SetAskHostForHelpVisible", "SetAskHostForHelpVisible: {}", EventKey::AskHostForHelp);
-  static constexpr FlagCommand SetAskHostForHelpEnable = EnablesButton(
-      "SetAskHostForHelpEnable", "SetAskHostForHelpEnable: {}", EventKey::AskHostForHelp);
-  static constexpr FlagCommand SetInterpretationOriginEnable =
-      EnablesButton("SetInterpretationOriginEnable", "SetInterpretationOriginEnable: enable = {}",
-                    EventKey::MuteOrigin);
-  static constexpr FlagCommand SetInterpretationCloseOrigin =
-      TurnsOn("SetInterpretationCloseOrigin", "SetInterpretationCloseOrigin: status = {}",
-              EventKey::MuteOrigin);
-  void Run(const FlagCommand& command, bool flag);
-
-  // --- Values that are only stored
-
-  static constexpr StoreCommand<std::int64_t> SetParticipantRole = {
-      "SetParticipantRole", "SetParticipantRole type:{}",
-      &ControlBarDataManager::SetParticipantRole};
-  static constexpr StoreCommand<std::int64_t> SetMeetingSource = {
-      "SetMeetingSource", "SetMeetingSource type:{}", &ControlBarDataManager::SetMeetingSource};
-  static constexpr StoreCommand<bool> SetSubtitleOpened = {
-      "SetSubtitleOpened", "SetSubtitleOpened isOpen:{}",
-      &ControlBarDataManager::SetSubtitleOpened};
-  static constexpr StoreCommand<bool> SetInterpretationSwitchEnable = {
-      "SetInterpretationSwitchEnable", "SetInterpretationSwitchEnable: enable = {}",
-      &ControlBarDataManager::SetInterpretationSwitchEnable};
-  template <typename Value>
-  void Run(const StoreCommand<Value>& command, Value value) {
-    const Scope scope(command.name);
-    VELLOMAR_LOG::Info(command.log, value);
-    (m_data.get()->*command.store)(value);
-  }
+  void SetParticipantsStatus(bool open);
+  void SetRemoteControlEnabled(bool enable);
+  void SetSubtitleEnable(bool enable);
+  void SetPhoneInviteEnable(bool enable);
+  void SetSipInviteEnable(bool enable);
+  void SetLiveEnable(bool enable);
+  void SetRecordVisible(bool visible);
+  void SetReactionVisible(bool visible);
+  void SetExternalMeeting(bool external);
+  void SetAskHostForHelpVisible(bool visible);
+  void SetAskHostForHelpEnable(bool enable);
+  void SetInterpretationOriginEnable(bool enable);
+  void SetInterpretationCloseOrigin(bool status);
 
   // --- Buttons that follow a value (button_commands.cpp)
 
@@ -138,6 +101,10 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
 
   // --- State of the meeting (meeting_commands.cpp)
 
+  void SetParticipantRole(std::int64_t role);
+  void SetMeetingSource(std::int64_t source);
+  void SetSubtitleOpened(bool opened);
+  void SetInterpretationSwitchEnable(bool enable);
   void SetHostType(std::int64_t type);
   void SwitchSubType(std::int64_t from, std::int64_t to);
   void SetMeetingSubType(std::int64_t type);
@@ -172,34 +139,27 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void ClearSketchDropDown();
   void CloseSketchControlbar();
 
- private:
-  static constexpr char kQualifier[] = "VELLOMAR_CONTROLBAR::ControlbarManager::";
+  // --- For the handlers of user actions, which trace themselves as members of this class
+
   class Scope : public VELLOMAR_LOG::TraceScope {
    public:
-    explicit Scope(const char* function) : TraceScope(function, kQualifier) {}
+    explicit Scope(const char* operation)
+        : TraceScope(operation, "VELLOMAR_CONTROLBAR::ControlbarManager::") {}
   };
-
-  // What an operation does to one button besides its own log line.
-  struct ButtonChange {
-    EventKey key;
-    std::int32_t set = 0;    // status bits
-    std::int32_t clear = 0;  // status bits; all of them to set the whole word
-    std::uint64_t text_id = ControlBarDataManager::kNoText;  // the new label, if any
-  };
-  static constexpr std::int32_t kWholeStatus = -1;
-  static ButtonChange Bit(EventKey key, std::int32_t bit, bool on);
-  static ButtonChange Whole(EventKey key, std::int32_t status,
-                            std::uint64_t text_id = ControlBarDataManager::kNoText);
-
-  // The record of a key; null, with a log line, where there is none.
-  BtnParams* Record(EventKey key);
-  void Change(const ButtonChange& change);  // without showing it
-  void Apply(const ButtonChange& change);   // and shows it
   // Hands a record to the widget library.
   void Push(BtnParams& params);
   // Where a button is on the screen; zeros where it is not shown.
   static VellomarRect PositionOf(EventKey key);
   void ShowLeaveTip();
+
+ private:
+  // The record of a key; null, with a log line, where there is none.
+  BtnParams* Record(EventKey key);
+  void Change(const ButtonChange& change);  // without showing it
+  void Apply(const ButtonChange& change);   // and shows it
+  // A whole operation that does no more than log its flag and change a button.
+  void FollowFlag(const char* operation, VELLOMAR_LOG::FormatString<bool&> log, bool flag,
+                  const ButtonChange& change);
   void RefreshShareNew();
   // Others see this user's screen, shared or under their control.
   bool IsScreenSeen() const { return m_isSharing || m_data->IsUnderControl(); }
@@ -214,9 +174,6 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void SetVideoOption(EventKey key, int visible, int enabled, int checked);
   void SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status,
                        VELLOMAR_LOG::FormatString<const char*&> log);
-
-  // Handlers of user actions (user_actions.cpp). [UI thread]
-  friend struct UserActions;
   void OnItemValueChanged(const BtnParams& params);
 
   void* m_handleControlbar = nullptr;

@@ -9,16 +9,13 @@
 namespace VELLOMAR_CONTROLBAR {
 
 using VELLOMAR_LOG::Info;
-using VELLOMAR_LORIMEL::kStatusDisabled;
-using VELLOMAR_LORIMEL::kStatusHidden;
 using VELLOMAR_LORIMEL::Lorimel;
 
 void ControlbarManager::SetHostType(std::int64_t type) {
   const Scope scope(__func__);
   Info("SetHostType type:{}", type);
   const bool offers_host_control = type != kHostTypeParticipant && type != kHostTypeAttendee;
-  Apply(
-      Whole(EventKey::HostControl, offers_host_control ? 0 : kStatusHidden, text_id::kHostControl));
+  Apply(Offered(EventKey::HostControl, offers_host_control, text_id::kHostControl));
   m_data->SetHostType(type);
   UpdateInterpreationBtnStatus();
   RefreshShareNew();
@@ -33,6 +30,30 @@ void ControlbarManager::SetHostType(std::int64_t type) {
 void ControlbarManager::RefreshLeaveButton() {
   m_data->UpdateLeaveButton();
   UpdateUIElement(EventKey::Leave);
+}
+
+void ControlbarManager::SetParticipantRole(std::int64_t role) {
+  const Scope scope(__func__);
+  Info("SetParticipantRole type:{}", role);
+  m_data->SetParticipantRole(role);
+}
+
+void ControlbarManager::SetMeetingSource(std::int64_t source) {
+  const Scope scope(__func__);
+  Info("SetMeetingSource type:{}", source);
+  m_data->SetMeetingSource(source);
+}
+
+void ControlbarManager::SetSubtitleOpened(bool opened) {
+  const Scope scope(__func__);
+  Info("SetSubtitleOpened isOpen:{}", opened);
+  m_data->SetSubtitleOpened(opened);
+}
+
+void ControlbarManager::SetInterpretationSwitchEnable(bool enable) {
+  const Scope scope(__func__);
+  Info("SetInterpretationSwitchEnable: enable = {}", enable);
+  m_data->SetInterpretationSwitchEnable(enable);
 }
 
 void ControlbarManager::SwitchSubType(std::int64_t from, std::int64_t to) {
@@ -92,7 +113,7 @@ void ControlbarManager::SetSketchEnable(bool enable) {
   const Scope scope(__func__);
   Info("[Controlbar] Set annotate enable {}.", enable);
   m_data->SetSketchEnabled(enable);
-  if (!IsSketchLoading()) Change(Bit(EventKey::Annotate, kStatusDisabled, !enable));
+  if (!IsSketchLoading()) Change(Enabled(EventKey::Annotate, enable));
   UpdateUIElement(EventKey::Annotate);
 }
 
@@ -103,7 +124,7 @@ void ControlbarManager::SetSketchVisible(bool visible) {
   const bool screen_box = m_data->GetMeetingSubType() == kSubTypeScreenBox;
   if (screen_box) Info("meeting sub type is SCREEN_BOX. sketch button is invalid.");
   m_isAnnotateHidden = screen_box || !visible;
-  if (!IsSketchLoading()) Change(Bit(EventKey::Annotate, kStatusHidden, m_isAnnotateHidden));
+  if (!IsSketchLoading()) Change(Shown(EventKey::Annotate, !m_isAnnotateHidden));
   UpdateUIElement(EventKey::Annotate);
 }
 
@@ -116,16 +137,16 @@ void ControlbarManager::SetInterpretationEnable(bool enable) {
 
 void ControlbarManager::UpdateInterpreationBtnStatus() {
   const Scope scope(__func__);
-  bool hidden = false;
+  bool shown = true;
   if (m_data->GetInterpretationEnable()) {
     Info("GetInterpretationEnable Show Interpreation");
   } else if (m_data->GetHostType() == kHostTypeHost) {
     Info("Show Host Interpreation");
   } else {
     Info("Hide Interpreation");
-    hidden = true;
+    shown = false;
   }
-  Apply(Bit(EventKey::Interpretation, kStatusHidden, hidden));
+  Apply(Shown(EventKey::Interpretation, shown));
 }
 
 void ControlbarManager::SetShareAccess(std::int64_t onlyHost, std::int64_t onlyHostCanStartAnyTime,
@@ -156,7 +177,7 @@ void ControlbarManager::SetUnderControl(std::int64_t status, std::string user_id
   const bool under_control = status != 0;
   m_data->SetRemoteControler(under_control, std::move(user_id), std::move(display_name));
   if (!under_control) m_isRemoteControlPaused = false;
-  Apply(Bit(EventKey::StopRemoteControl, kStatusHidden, !under_control));
+  Apply(Shown(EventKey::StopRemoteControl, under_control));
   Apply(PauseIndicator());
   UpdateUIElement(EventKey::InfoText);
   Apply(SharingIndicator());
@@ -170,12 +191,12 @@ void ControlbarManager::SetRemoteControlPause(bool pause) {
   Apply(SharingIndicator());
 }
 
-ControlbarManager::ButtonChange ControlbarManager::PauseIndicator() const {
-  return Bit(EventKey::PauseIndicator, kStatusHidden, !(IsScreenSeen() && IsPaused()));
+ButtonChange ControlbarManager::PauseIndicator() const {
+  return Shown(EventKey::PauseIndicator, IsScreenSeen() && IsPaused());
 }
 
-ControlbarManager::ButtonChange ControlbarManager::SharingIndicator() const {
-  return Bit(EventKey::SharingIndicator, kStatusHidden, !IsScreenSeen() || IsPaused());
+ButtonChange ControlbarManager::SharingIndicator() const {
+  return Shown(EventKey::SharingIndicator, IsScreenSeen() && !IsPaused());
 }
 
 void ControlbarManager::SetAudioAndPlaybackInfo(DeviceList microphones, DeviceList speakers) {
@@ -246,7 +267,7 @@ void ControlbarManager::LeaveMeetingSubRoom() {
 void ControlbarManager::RefreshSubRoom(std::string name, bool inside) {
   RefreshLeaveButton();
   m_data->SetComposedLabel(EventKey::SubRoomName, std::move(name));
-  Apply(Bit(EventKey::SubRoomName, kStatusHidden, !inside));
+  Apply(Shown(EventKey::SubRoomName, inside));
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

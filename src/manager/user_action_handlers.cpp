@@ -1,56 +1,85 @@
 // SPDX-License-Identifier: MIT
-// The handlers of user actions that have a rule of their own.
+#include "manager/user_action_handlers.h"
+
 #include "data/text_ids.h"
-#include "manager/user_actions.h"
 
 namespace VELLOMAR_CONTROLBAR {
 
 using VELLOMAR_LOG::Info;
 
-void UserActions::OnJoinPermissionChanged() {
-  const Scope scope(__func__);
+bool UserAction::HasTag(const char* handler) const {
+  if (event.valueText != nullptr) return true;
+  VELLOMAR_LOG::Fault("{} tag is nullptr!", handler);
+  return false;
+}
+
+void OnAnnotate(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool open = user.IsOn();
+  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_annotate>(open);
+  Info("Controlbar {} annotate.", kOpen.Of(open));
+}
+
+// Both handlers, in this order: the pairing is intended.
+void OnAnnotatePermission(const UserAction& user) {
+  OnAnnotate(user);
+  OnJoinPermissionChanged(user);
+}
+
+void OnMuteAll(const UserAction&) {
+  const ControlbarManager::Scope scope(__func__);
+  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_muteAll>(true);
+  Info("Controlbar mute all.");
+}
+
+void OnUnmuteAll(const UserAction&) {
+  const ControlbarManager::Scope scope(__func__);
+  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_muteAll>(false);
+  Info("Controlbar unmute all.");
+}
+
+void OnJoinPermissionChanged(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
   // AnnotatePermission offers no choice: the level in force is reported.
-  const bool chosen = event.key == EventKey::JoinPermission;
+  const bool chosen = user.event.key == EventKey::JoinPermission;
   const std::int64_t level =
-      chosen ? std::int64_t{event.groupValue} + 1 : data.GetCurrentSecurityLevel();
-  data.SetCurrentSecurityLevel(level);
+      chosen ? std::int64_t{user.event.groupValue} + 1 : user.data.GetCurrentSecurityLevel();
+  user.data.SetCurrentSecurityLevel(level);
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_joinPermissionChanged>(level);
   Info("Controlbar join meeting permission changed to {}.", level);
 }
 
-void UserActions::OnEnableOnlyHostShare() {
-  const Scope scope(__func__);
-  const bool on = IsOn();
-  data.SetOnlyHostCanShare(on);
-  const bool reshare = data.IsOnlyHostCanReshare();
+void OnEnableOnlyHostShare(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool on = user.IsOn();
+  user.data.SetOnlyHostCanShare(on);
+  const bool reshare = user.data.IsOnlyHostCanReshare();
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_onlyHostShare>(on, reshare);
-  Info("Controlbar {} only host share. IsOnlyHostCanReshare is {}", on ? kEnabled.on : kEnabled.off,
-       reshare);
+  Info("Controlbar {} only host share. IsOnlyHostCanReshare is {}", kEnabled.Of(on), reshare);
 }
 
-void UserActions::OnEnableOnlyHostBreakShare() {
-  const Scope scope(__func__);
-  const bool on = IsOn();
-  data.SetOnlyHostCanReshare(on);
-  const bool share = data.IsOnlyHostCanShare();
+void OnEnableOnlyHostBreakShare(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool on = user.IsOn();
+  user.data.SetOnlyHostCanReshare(on);
+  const bool share = user.data.IsOnlyHostCanShare();
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_onlyHostShare>(share, on);
-  Info("Controlbar {} only host break share. HostCanShare is {}", on ? kEnabled.on : kEnabled.off,
-       share);
+  Info("Controlbar {} only host break share. HostCanShare is {}", kEnabled.Of(on), share);
 }
 
-void UserActions::OnRemoteControl() {
-  const Scope scope(__func__);
-  const bool open = IsOn();
-  const bool chosen = event.valueText != nullptr && event.valueText[0] != '\0';
+void OnRemoteControl(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool open = user.IsOn();
+  const bool chosen = user.event.valueText != nullptr && user.event.valueText[0] != '\0';
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_remoteControl>(open);
-  Info("Controlbar {} remote control.", open ? kOpen.on : kOpen.off);
-  if (chosen) OnRemoteControlGrant();
+  Info("Controlbar {} remote control.", kOpen.Of(open));
+  if (chosen) OnRemoteControlGrant(user);
 }
 
-void UserActions::OnRemoteControlGrant() {
-  const Scope scope(__func__);
-  if (!HasTag(__func__)) return;
-  const Participant* const found = data.FindParticipantByKey(event.valueText);
+void OnRemoteControlGrant(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  if (!user.HasTag(__func__)) return;
+  const Participant* const found = user.data.FindParticipantByKey(user.event.valueText);
   if (found == nullptr) return;
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_remoteControlGrant>(
       found->user_id.c_str(), found->instance_id.c_str(), found->number,
@@ -58,102 +87,111 @@ void UserActions::OnRemoteControlGrant() {
       found->avatar_path.c_str(), found->flag);
 }
 
-void UserActions::OnReaction() {
-  const Scope scope(__func__);
+void OnReaction(const UserAction&) {
+  const ControlbarManager::Scope scope(__func__);
   const VellomarRect at = ControlbarManager::PositionOf(EventKey::Reaction);
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_reaction>(at.x, at.y, at.width, at.height);
   Info("Controlbar reaction,pos: {},{},{},{}.", at.x, at.y, at.width, at.height);
 }
 
-void UserActions::OnRecordMeetting() {
-  const Scope scope(__func__);
-  if (data.GetHostType() == kHostTypeParticipant) {
+void OnRecordMeetting(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  if (user.data.GetHostType() == kHostTypeParticipant) {
     Info("Recording...Participants skip onRecord!");
     return;
   }
-  const bool open = IsOn();
+  const bool open = user.IsOn();
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_record>(open);
-  Info("Controlbar {} record metting.", open ? kOpen.on : kOpen.off);
+  Info("Controlbar {} record metting.", kOpen.Of(open));
 }
 
 // The opposite of what the host last said, whether or not the library has turned the row's check.
-void UserActions::OnOpenSubtitles() {
-  const Scope scope(__func__);
-  const bool open = !data.IsSubtitleOpened();
+void OnOpenSubtitles(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool open = !user.data.IsSubtitleOpened();
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_subtitles>(open);
-  Info("Controlbar {} subtitles.", open ? kOpen.on : kOpen.off);
+  Info("Controlbar {} subtitles.", kOpen.Of(open));
 }
 
-void UserActions::OnLiveStream() {
-  const Scope scope(__func__);
-  const bool open = IsOn();
-  if (data.HasLiveStreamPermission()) {
+void OnLiveStream(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool open = user.IsOn();
+  if (user.data.HasLiveStreamPermission()) {
     Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_liveStream>(open);
   } else {
     Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_requestLiveStream>(open);
   }
-  Info("Controlbar {} live stream.", open ? kOpen.on : kOpen.off);
+  Info("Controlbar {} live stream.", kOpen.Of(open));
 }
 
-void UserActions::OnLeaveMeetting() {
-  const Scope scope(__func__);
-  data.GetHostType();
-  manager.ShowLeaveTip();
+void OnLeaveMeetting(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  user.data.GetHostType();
+  user.manager.ShowLeaveTip();
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_leaveMeeting>();
   Info("Controlbar leave metting.");
 }
 
-void UserActions::OnMeetingIdExpand() {
-  const Scope scope(__func__);
-  const bool open = event.status == VELLOMAR_LORIMEL::kStatusOn;
+void OnMeetingIdExpand(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool open = user.event.status == VELLOMAR_LORIMEL::kStatusOn;
   VellomarRect at{};
-  if (IsScreenShare(data.GetMeetingSubType())) {
+  if (IsScreenShare(user.data.GetMeetingSubType())) {
     at = ControlbarManager::PositionOf(EventKey::InfoText);
     Info("share screen expand share video");
   }
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_meetingIdExpand>(open, at);
-  Info("Controlbar {} meeting id.", open ? kOpen.on : kOpen.off);
+  Info("Controlbar {} meeting id.", kOpen.Of(open));
 }
 
-void UserActions::OnInterpretationSwitch() {
-  const Scope scope(__func__);
-  const bool enable = data.GetInterpretationEnable();
+void OnInterpretationSwitch(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool enable = user.data.GetInterpretationEnable();
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_interpretationSwitch>(enable);
   Info("OnInterpretationSwitch enable = {}", enable);
 }
 
-void UserActions::OnShareAudio() {
-  const Scope scope(__func__);
-  const bool start = !data.GetShareAudioStatus();
+void OnShareAudio(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool start = !user.data.GetShareAudioStatus();
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_shareAudio>(start);
   Info("GetShareAudioStatus isStart = {}", start);
 }
 
-void UserActions::OnOnlyThePresenterCanAnnotate() {
-  const Scope scope(__func__);
-  const bool checked = IsOn();
+void OnOnlyThePresenterCanAnnotate(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool checked = user.IsOn();
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_onlyThePresenterCanAnnotate>(
-      checked, data.GetShareOptionFromSource());
+      checked, user.data.GetShareOptionFromSource());
   Info("OnOnlyThePresenterCanAnnotate: {}", checked);
 }
 
 // Local only: the host is not told.
-void UserActions::OnControlbarSwitch() {
-  const Scope scope(__func__);
-  const bool expanded = !data.IsControllbarExpanded();
-  data.SetControllbarSwitch(expanded);
-  data.SetEventKeyParams(
+void OnControlbarSwitch(const UserAction& user) {
+  const ControlbarManager::Scope scope(__func__);
+  const bool expanded = !user.data.IsControllbarExpanded();
+  user.data.SetControllbarSwitch(expanded);
+  user.data.SetEventKeyParams(
       EventKey::ControlbarSwitch,
-      data.GetNativeText(expanded ? text_id::kExpandedTip : text_id::kCollapsedTip), 0);
-  manager.Push(*data.GetEventKeyParams(EventKey::ControlbarSwitch));
+      user.data.GetNativeText(expanded ? text_id::kExpandedTip : text_id::kCollapsedTip), 0);
+  user.manager.Push(*user.data.GetEventKeyParams(EventKey::ControlbarSwitch));
 }
 
-void UserActions::OnHostControlWindow() {
-  manager.SetJoinPermission(data.GetCurrentSecurityLevel());
+void OnHostControlWindow(const UserAction& user) {
+  user.manager.SetJoinPermission(user.data.GetCurrentSecurityLevel());
 }
 
-void UserActions::OnWidgetMoving() {
+void OnWidgetMoving(const UserAction&) {
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_widgetMoving>();
+}
+
+// The host clears its own drawing only while a screen is shared.
+void OnSketchButton(const UserAction& user) {
+  EventKey key = user.event.key;
+  if (key == EventKey::SketchClear && IsScreenShare(user.data.GetMeetingSubType())) {
+    key = EventKey::SketchClearMine;
+  }
+  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_sketchButton>(static_cast<std::int64_t>(key));
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

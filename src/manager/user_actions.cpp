@@ -1,46 +1,28 @@
 // SPDX-License-Identifier: MIT
-// User actions by key. Most send a state, a text or nothing, and log a line: they are rows of three
-// tables. The rest have a rule of their own and a function each (user_action_handlers.cpp).
+// User actions: one table by key. Most rows send a state, a tag or nothing, and log a line; the
+// rest name a handler with a rule of its own (user_action_handlers.cpp).
 #include "manager/user_actions.h"
 
 #include <algorithm>
 #include <iterator>
+#include <type_traits>
+
+#include "manager/user_action_handlers.h"
 
 namespace VELLOMAR_CONTROLBAR {
-
-using VELLOMAR_LOG::Fault;
-using VELLOMAR_LOG::Info;
-
 namespace {
 
-// A log line with one place, for a word or a text.
-using LogText = VELLOMAR_LOG::FormatString<const char*&>;
+using VELLOMAR_LOG::Info;
 
-void Log(const LogText& format, const char* word) {
-  const fmt::string_view text(format);
-  if (text.size() != 0) Info(format, word);
-}
-
-template <VellomarNotificationId id>
-void SendFlag(bool flag) {
-  Notifier::GetInstance()->Send<id>(flag);
-}
-template <VellomarNotificationId id>
-void SendText(const char* text) {
-  Notifier::GetInstance()->Send<id>(text);
-}
-template <VellomarNotificationId id>
-void SendNone() {
-  Notifier::GetInstance()->Send<id>();
-}
-
-// Sends the button's new state.
-struct FlagAction {
+struct Row {
   EventKey key;
-  const char* handler;
-  void (*send)(bool);
-  Words words;
-  LogText log;
+  EventKey last = key;                       // of a run of keys
+  void (*own)(const UserAction&) = nullptr;  // then the rest is not set
+  const char* handler = nullptr;             // its name in the log
+  void (*notify)(bool on, const char* tag) = nullptr;
+  Words words{};
+  // Its one place, if any, is for the word of the state, or for the tag where there are no words.
+  VELLOMAR_LOG::FormatString<const char*&> log = "";
   // The device buttons are on while the device is live: what goes out is "mute".
   bool inverted = false;
   bool keeps_status = false;  // in the stored record
@@ -48,199 +30,221 @@ struct FlagAction {
   void (ControlBarDataManager::*store)(bool) = nullptr;
 };
 
-constexpr FlagAction kFlagActions[] = {
-    {EventKey::MuteAudio, "OnMuteAudio", &SendFlag<VELLOMAR_NOTIFY_muteAudio>, kMute,
-     "Controlbar {} audio.", true, true},
-    {EventKey::MuteCamera, "OnMuteCamera", &SendFlag<VELLOMAR_NOTIFY_muteCamera>, kMute,
-     "Controlbar {} camera.", true, true, true},
-    {EventKey::Participants, "OnParticipants", &SendFlag<VELLOMAR_NOTIFY_participants>, kShow,
-     "Controlbar {} participant list.", false, true},
-    {EventKey::HostControl, "OnHostControl", &SendFlag<VELLOMAR_NOTIFY_hostControl>, kOpen,
-     "Controlbar {} host control."},
-    {EventKey::MoveNew, "OnEnableLobby", &SendFlag<VELLOMAR_NOTIFY_enableLobby>, kEnabled,
-     "Controlbar {} Lobby.", false, false, false, &ControlBarDataManager::SetNeedMoveToLobby},
-    {EventKey::NewParticipantMic, "OnMuteOnEntry", &SendFlag<VELLOMAR_NOTIFY_muteOnEntry>, kEnabled,
-     "Controlbar {} mute on entry.", false, false, false, &ControlBarDataManager::SetEntryOnMuted},
-    {EventKey::MicOperate, "OnAllowMemberEnableMicrophone",
-     &SendFlag<VELLOMAR_NOTIFY_allowMemberEnableMicrophone>, kEnabled,
-     "Controlbar {} allow mute sleves.", false, false, false,
-     &ControlBarDataManager::SetOpenMicBySelf},
-    {EventKey::Annotate, "OnAnnotate", &SendFlag<VELLOMAR_NOTIFY_annotate>, kOpen,
-     "Controlbar {} annotate."},
-    {EventKey::Chat, "OnChat", &SendFlag<VELLOMAR_NOTIFY_chat>, kOpen, "Controlbar {} chat.", false,
-     true},
-    {EventKey::More, "OnMore", &SendFlag<VELLOMAR_NOTIFY_more>, kOpen, "Controlbar {} more."},
-    {EventKey::Labs, "OnLabs", &SendFlag<VELLOMAR_NOTIFY_labs>, kOpen, "Controlbar {} labs."},
-    {EventKey::Settings, "OnSettings", &SendFlag<VELLOMAR_NOTIFY_settings>, kOpen,
-     "Controlbar {} settings."},
-    {EventKey::MuteOrigin, "OnInterpretationCloseOrigin",
-     &SendFlag<VELLOMAR_NOTIFY_interpretationCloseOrigin>, kBool,
-     "Notify Interpretation origin channel status = {}"},
-    {EventKey::OptimizeForVideoClips, "OnOptimizeForVideoClips",
-     &SendFlag<VELLOMAR_NOTIFY_optimizeForVideoClips>, kBool, "OnOptimizeForVideoClips: {}"},
-    {EventKey::KeepMyVideoOnTheScreen, "OnKeepMyVideoOnTheScreen",
-     &SendFlag<VELLOMAR_NOTIFY_keepMyVideoOnTheScreen>, kBool, "OnKeepMyVideoOnTheScreen: {}"},
-};
-
-// Sends no payload.
-struct PlainAction {
-  EventKey key;
-  const char* handler;
-  void (*send)();
-  const char* log;  // null: none
-};
-
-template <bool mute>
-void SendMuteAll() {
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_muteAll>(mute);
+// Tells the host what the notification's record holds: the state, the tag or nothing.
+template <VellomarNotificationId id>
+void Tell(bool on, const char* tag) {
+  using Record = NotificationRecord<id>;
+  if constexpr (std::is_same_v<Record, VellomarNotifyFlag>) {
+    Notifier::GetInstance()->Send<id>(on);
+  } else if constexpr (std::is_same_v<Record, VellomarNotifyText>) {
+    Notifier::GetInstance()->Send<id>(tag);
+  } else {
+    static_assert(std::is_same_v<Record, VellomarNone>);
+    Notifier::GetInstance()->Send<id>();
+  }
 }
 
-constexpr PlainAction kPlainActions[] = {
-    {EventKey::AskHostForHelp, "OnAskHostForHelp", &SendNone<VELLOMAR_NOTIFY_askHostForHelp>,
-     nullptr},
-    {EventKey::ShareNew, "OnBtnReShare", &SendNone<VELLOMAR_NOTIFY_reshare>,
-     "Controlbar execute re-share."},
-    {EventKey::StopSharing, "OnStopSharing", &SendNone<VELLOMAR_NOTIFY_stopSharing>,
-     "Controlbar execute stop sharing."},
-    {EventKey::MuteAll, "OnMuteAll", &SendMuteAll<true>, "Controlbar mute all."},
-    {EventKey::CancelMuteAll, "OnUnmuteAll", &SendMuteAll<false>, "Controlbar unmute all."},
-    {EventKey::PhoneInvite, "OnInviteByPhone", &SendNone<VELLOMAR_NOTIFY_inviteByPhone>,
-     "Controlbar invite by phone."},
-    {EventKey::SipInvite, "OnSipInvite", &SendNone<VELLOMAR_NOTIFY_inviteBySip>,
-     "Controlbar sip invite."},
-    {EventKey::StopRemoteControl, "OnStopRemoteControl",
-     &SendNone<VELLOMAR_NOTIFY_stopRemoteControl>, "Controlbar stop remote control."},
-    {EventKey::InfoText, "OnInfoText", &SendNone<VELLOMAR_NOTIFY_infoText>, nullptr},
-    {EventKey::ManageInterpretation, "OnManageInterpretation",
-     &SendNone<VELLOMAR_NOTIFY_manageInterpretation>, nullptr},
-    {EventKey::TestSpeakMic, "OnTestSpeakMic", &SendNone<VELLOMAR_NOTIFY_testSpeakMic>, nullptr},
-    {EventKey::LeaveSubRoom, "OnLeaveSubRoom", &SendNone<VELLOMAR_NOTIFY_leaveSubRoom>, nullptr},
+constexpr Row kRows[] = {
+    {.key = EventKey::MuteAudio,
+     .handler = "OnMuteAudio",
+     .notify = &Tell<VELLOMAR_NOTIFY_muteAudio>,
+     .words = kMute,
+     .log = "Controlbar {} audio.",
+     .inverted = true,
+     .keeps_status = true},
+    {.key = EventKey::MuteCamera,
+     .handler = "OnMuteCamera",
+     .notify = &Tell<VELLOMAR_NOTIFY_muteCamera>,
+     .words = kMute,
+     .log = "Controlbar {} camera.",
+     .inverted = true,
+     .keeps_status = true,
+     .needs_tag = true},
+    {.key = EventKey::Participants,
+     .handler = "OnParticipants",
+     .notify = &Tell<VELLOMAR_NOTIFY_participants>,
+     .words = kShow,
+     .log = "Controlbar {} participant list.",
+     .keeps_status = true},
+    {.key = EventKey::HostControl,
+     .handler = "OnHostControl",
+     .notify = &Tell<VELLOMAR_NOTIFY_hostControl>,
+     .words = kOpen,
+     .log = "Controlbar {} host control."},
+    {.key = EventKey::AnnotatePermission, .own = &OnAnnotatePermission},
+    {.key = EventKey::RemoteControl, .own = &OnRemoteControl},
+    {.key = EventKey::Chat,
+     .handler = "OnChat",
+     .notify = &Tell<VELLOMAR_NOTIFY_chat>,
+     .words = kOpen,
+     .log = "Controlbar {} chat.",
+     .keeps_status = true},
+    {.key = EventKey::More,
+     .handler = "OnMore",
+     .notify = &Tell<VELLOMAR_NOTIFY_more>,
+     .words = kOpen,
+     .log = "Controlbar {} more."},
+    {.key = EventKey::Interpretation, .own = &OnInterpretationSwitch},
+    {.key = EventKey::Reaction, .own = &OnReaction},
+    {.key = EventKey::AskHostForHelp,
+     .handler = "OnAskHostForHelp",
+     .notify = &Tell<VELLOMAR_NOTIFY_askHostForHelp>},
+    {.key = EventKey::ShareNew,
+     .handler = "OnBtnReShare",
+     .notify = &Tell<VELLOMAR_NOTIFY_reshare>,
+     .log = "Controlbar execute re-share."},
+    {.key = EventKey::StopSharing,
+     .handler = "OnStopSharing",
+     .notify = &Tell<VELLOMAR_NOTIFY_stopSharing>,
+     .log = "Controlbar execute stop sharing."},
+    {.key = EventKey::Leave, .own = &OnLeaveMeetting},
+    {.key = EventKey::Record, .own = &OnRecordMeetting},
+    {.key = EventKey::Speaker,
+     .handler = "OnSelectSpeaker",
+     .notify = &Tell<VELLOMAR_NOTIFY_selectSpeaker>,
+     .log = "Controlbar select speaker {}.",
+     .needs_tag = true},
+    {.key = EventKey::JoinPermission, .own = &OnJoinPermissionChanged},
+    {.key = EventKey::MoveNew,
+     .handler = "OnEnableLobby",
+     .notify = &Tell<VELLOMAR_NOTIFY_enableLobby>,
+     .words = kEnabled,
+     .log = "Controlbar {} Lobby.",
+     .store = &ControlBarDataManager::SetNeedMoveToLobby},
+    {.key = EventKey::OnlyHostShare, .own = &OnEnableOnlyHostShare},
+    {.key = EventKey::OnlyHostReshare, .own = &OnEnableOnlyHostBreakShare},
+    {.key = EventKey::NewParticipantMic,
+     .handler = "OnMuteOnEntry",
+     .notify = &Tell<VELLOMAR_NOTIFY_muteOnEntry>,
+     .words = kEnabled,
+     .log = "Controlbar {} mute on entry.",
+     .store = &ControlBarDataManager::SetEntryOnMuted},
+    {.key = EventKey::MicOperate,
+     .handler = "OnAllowMemberEnableMicrophone",
+     .notify = &Tell<VELLOMAR_NOTIFY_allowMemberEnableMicrophone>,
+     .words = kEnabled,
+     .log = "Controlbar {} allow mute sleves.",
+     .store = &ControlBarDataManager::SetOpenMicBySelf},
+    {.key = EventKey::MuteAll, .own = &OnMuteAll},
+    {.key = EventKey::CancelMuteAll, .own = &OnUnmuteAll},
+    {.key = EventKey::Subtitles, .own = &OnOpenSubtitles},
+    {.key = EventKey::LiveStream, .own = &OnLiveStream},
+    {.key = EventKey::Labs,
+     .handler = "OnLabs",
+     .notify = &Tell<VELLOMAR_NOTIFY_labs>,
+     .words = kOpen,
+     .log = "Controlbar {} labs."},
+    {.key = EventKey::PhoneInvite,
+     .handler = "OnInviteByPhone",
+     .notify = &Tell<VELLOMAR_NOTIFY_inviteByPhone>,
+     .log = "Controlbar invite by phone."},
+    {.key = EventKey::SipInvite,
+     .handler = "OnSipInvite",
+     .notify = &Tell<VELLOMAR_NOTIFY_inviteBySip>,
+     .log = "Controlbar sip invite."},
+    {.key = EventKey::ShareAudio, .own = &OnShareAudio},
+    {.key = EventKey::ParticipantRow, .own = &OnRemoteControlGrant},
+    {.key = EventKey::StopRemoteControl,
+     .handler = "OnStopRemoteControl",
+     .notify = &Tell<VELLOMAR_NOTIFY_stopRemoteControl>,
+     .log = "Controlbar stop remote control."},
+    {.key = EventKey::ControlbarSwitch, .own = &OnControlbarSwitch},
+    {.key = EventKey::Annotate, .own = &OnAnnotate},
+    {.key = EventKey::SketchSelect, .last = EventKey::SketchPen, .own = &OnSketchButton},
+    {.key = EventKey::SketchUndo, .last = EventKey::SketchClearAll, .own = &OnSketchButton},
+    {.key = EventKey::HostControlWindow, .own = &OnHostControlWindow},
+    {.key = EventKey::InfoText, .handler = "OnInfoText", .notify = &Tell<VELLOMAR_NOTIFY_infoText>},
+    {.key = EventKey::MeetingIdExpand, .own = &OnMeetingIdExpand},
+    {.key = EventKey::WidgetMoving, .own = &OnWidgetMoving},
+    {.key = EventKey::MicrophoneItem,
+     .handler = "OnSelectMicrophone",
+     .notify = &Tell<VELLOMAR_NOTIFY_selectMicrophone>,
+     .log = "Controlbar select microphone {}.",
+     .needs_tag = true},
+    {.key = EventKey::CameraItem,
+     .handler = "OnSelectCamera",
+     .notify = &Tell<VELLOMAR_NOTIFY_selectCamera>,
+     .log = "Controlbar select camera {}.",
+     .needs_tag = true},
+    {.key = EventKey::InterpretationItem,
+     .handler = "OnInterpretationSelection",
+     .notify = &Tell<VELLOMAR_NOTIFY_selectInterpretation>,
+     .log = "OnInterpretationSelection languageId = {}",
+     .needs_tag = true},
+    {.key = EventKey::ManageInterpretation,
+     .handler = "OnManageInterpretation",
+     .notify = &Tell<VELLOMAR_NOTIFY_manageInterpretation>},
+    {.key = EventKey::MuteOrigin,
+     .handler = "OnInterpretationCloseOrigin",
+     .notify = &Tell<VELLOMAR_NOTIFY_interpretationCloseOrigin>,
+     .words = kBool,
+     .log = "Notify Interpretation origin channel status = {}"},
+    {.key = EventKey::OptimizeForVideoClips,
+     .handler = "OnOptimizeForVideoClips",
+     .notify = &Tell<VELLOMAR_NOTIFY_optimizeForVideoClips>,
+     .words = kBool,
+     .log = "OnOptimizeForVideoClips: {}"},
+    {.key = EventKey::KeepMyVideoOnTheScreen,
+     .handler = "OnKeepMyVideoOnTheScreen",
+     .notify = &Tell<VELLOMAR_NOTIFY_keepMyVideoOnTheScreen>,
+     .words = kBool,
+     .log = "OnKeepMyVideoOnTheScreen: {}"},
+    {.key = EventKey::OnlyThePresenterCanAnnotate, .own = &OnOnlyThePresenterCanAnnotate},
+    {.key = EventKey::TestSpeakMic,
+     .handler = "OnTestSpeakMic",
+     .notify = &Tell<VELLOMAR_NOTIFY_testSpeakMic>},
+    {.key = EventKey::Settings,
+     .handler = "OnSettings",
+     .notify = &Tell<VELLOMAR_NOTIFY_settings>,
+     .words = kOpen,
+     .log = "Controlbar {} settings."},
+    {.key = EventKey::LeaveSubRoom,
+     .handler = "OnLeaveSubRoom",
+     .notify = &Tell<VELLOMAR_NOTIFY_leaveSubRoom>},
 };
 
-// Sends the item's tag: a device or a language.
-struct TagAction {
-  EventKey key;
-  const char* handler;
-  void (*send)(const char*);
-  LogText log;
-};
+constexpr bool Before(const Row& row, EventKey key) {
+  return row.last < key;
+}
+static_assert(std::adjacent_find(std::begin(kRows), std::end(kRows),
+                                 [](const Row& a, const Row& b) { return !Before(a, b.key); }) ==
+              std::end(kRows));
 
-constexpr TagAction kTagActions[] = {
-    {EventKey::Speaker, "OnSelectSpeaker", &SendText<VELLOMAR_NOTIFY_selectSpeaker>,
-     "Controlbar select speaker {}."},
-    {EventKey::MicrophoneItem, "OnSelectMicrophone", &SendText<VELLOMAR_NOTIFY_selectMicrophone>,
-     "Controlbar select microphone {}."},
-    {EventKey::CameraItem, "OnSelectCamera", &SendText<VELLOMAR_NOTIFY_selectCamera>,
-     "Controlbar select camera {}."},
-    {EventKey::InterpretationItem, "OnInterpretationSelection",
-     &SendText<VELLOMAR_NOTIFY_selectInterpretation>, "OnInterpretationSelection languageId = {}"},
-};
-
-struct OwnAction {
-  EventKey key;
-  void (UserActions::*run)();
-};
-
-constexpr OwnAction kOwnActions[] = {
-    {EventKey::AnnotatePermission, &UserActions::OnAnnotatePermission},
-    {EventKey::RemoteControl, &UserActions::OnRemoteControl},
-    {EventKey::Interpretation, &UserActions::OnInterpretationSwitch},
-    {EventKey::Reaction, &UserActions::OnReaction},
-    {EventKey::Leave, &UserActions::OnLeaveMeetting},
-    {EventKey::Record, &UserActions::OnRecordMeetting},
-    {EventKey::JoinPermission, &UserActions::OnJoinPermissionChanged},
-    {EventKey::OnlyHostShare, &UserActions::OnEnableOnlyHostShare},
-    {EventKey::OnlyHostReshare, &UserActions::OnEnableOnlyHostBreakShare},
-    {EventKey::Subtitles, &UserActions::OnOpenSubtitles},
-    {EventKey::LiveStream, &UserActions::OnLiveStream},
-    {EventKey::ShareAudio, &UserActions::OnShareAudio},
-    {EventKey::ParticipantRow, &UserActions::OnRemoteControlGrant},
-    {EventKey::ControlbarSwitch, &UserActions::OnControlbarSwitch},
-    {EventKey::HostControlWindow, &UserActions::OnHostControlWindow},
-    {EventKey::MeetingIdExpand, &UserActions::OnMeetingIdExpand},
-    {EventKey::WidgetMoving, &UserActions::OnWidgetMoving},
-    {EventKey::OnlyThePresenterCanAnnotate, &UserActions::OnOnlyThePresenterCanAnnotate},
-};
-
-template <typename Table>
-auto Find(const Table& table, EventKey key) {
-  const auto* found = std::find_if(std::begin(table), std::end(table),
-                                   [key](const auto& row) { return row.key == key; });
-  return found != std::end(table) ? found : nullptr;
+void Log(const Row& row, bool on, const char* tag) {
+  const fmt::string_view line(row.log);
+  if (line.size() == 0) return;
+  if (row.words.on != nullptr) {
+    const char* word = row.words.Of(on);
+    Info(row.log, word);
+  } else if (row.needs_tag) {
+    Info(row.log, tag);
+  } else {
+    Info(line.data());
+  }
 }
 
-class HandlerScope : public VELLOMAR_LOG::TraceScope {
- public:
-  explicit HandlerScope(const char* handler)
-      : TraceScope(handler, "VELLOMAR_CONTROLBAR::ControlbarManager::") {}
-};
-
-void Run(const FlagAction& action, const UserActions& user) {
-  const HandlerScope scope(action.handler);
-  if (action.needs_tag && !user.HasTag(action.handler)) return;
-  const bool on = user.IsOn() != action.inverted;
-  if (action.keeps_status) user.data.SetEventKeyParams(action.key, user.event.status);
-  if (action.store != nullptr) (user.data.*action.store)(on);
-  action.send(on);
-  Log(action.log, on ? action.words.on : action.words.off);
-}
-
-void Run(const PlainAction& action, const UserActions&) {
-  const HandlerScope scope(action.handler);
-  action.send();
-  if (action.log != nullptr) Info(action.log);
-}
-
-void Run(const TagAction& action, const UserActions& user) {
-  const HandlerScope scope(action.handler);
-  if (!user.HasTag(action.handler)) return;
-  action.send(user.event.valueText);
-  Log(action.log, user.event.valueText);
-}
-
-template <typename Table>
-bool RunIn(const Table& table, const UserActions& user) {
-  const auto* const action = Find(table, user.event.key);
-  if (action != nullptr) Run(*action, user);
-  return action != nullptr;
-}
-
-bool IsSketchKey(EventKey key) {
-  return (key >= EventKey::SketchSelect && key <= EventKey::SketchPen) ||
-         (key >= EventKey::SketchUndo && key <= EventKey::SketchClearAll);
+void Run(const Row& row, const UserAction& user) {
+  const ControlbarManager::Scope scope(row.handler);
+  if (row.needs_tag && !user.HasTag(row.handler)) return;
+  const bool on = user.IsOn() != row.inverted;
+  if (row.keeps_status) user.data.SetEventKeyParams(row.key, user.event.status);
+  if (row.store != nullptr) (user.data.*row.store)(on);
+  const char* tag = user.event.valueText;
+  row.notify(on, tag);
+  Log(row, on, tag);
 }
 
 }  // namespace
 
-bool UserActions::HasTag(const char* handler) const {
-  if (event.valueText != nullptr) return true;
-  Fault("{} tag is nullptr!", handler);
-  return false;
-}
-
-void UserActions::Dispatch(ControlbarManager& manager, const BtnParams& event) {
-  UserActions user{manager, *manager.m_data, event};
-  if (RunIn(kFlagActions, user) || RunIn(kPlainActions, user) || RunIn(kTagActions, user)) return;
-  if (const OwnAction* const own = Find(kOwnActions, event.key)) {
-    (user.*own->run)();
-  } else if (IsSketchKey(event.key)) {
-    user.SendSketchButton();
+void RunUserAction(ControlbarManager& manager, const BtnParams& event) {
+  const auto* const row = std::lower_bound(std::begin(kRows), std::end(kRows), event.key, &Before);
+  if (row == std::end(kRows) || event.key < row->key) return;
+  const UserAction user{manager, manager.Data(), event};
+  if (row->own != nullptr) {
+    row->own(user);
+  } else {
+    Run(*row, user);
   }
-}
-
-// The host clears its own drawing only while a screen is shared.
-void UserActions::SendSketchButton() const {
-  EventKey key = event.key;
-  if (key == EventKey::SketchClear && IsScreenShare(data.GetMeetingSubType())) {
-    key = EventKey::SketchClearMine;
-  }
-  Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_sketchButton>(static_cast<std::int64_t>(key));
-}
-
-// Both handlers, in this order: the pairing is intended.
-void UserActions::OnAnnotatePermission() {
-  Run(*Find(kFlagActions, EventKey::Annotate), *this);
-  OnJoinPermissionChanged();
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

@@ -9,7 +9,6 @@ namespace VELLOMAR_CONTROLBAR {
 class Plugin : public VELLOMAR_COMMON::Singleton<Plugin> {
  public:
   void SetHost(void* host) { m_host = host; }
-  void* GetHost() const { return m_host; }
 
  private:
   void* m_host = nullptr;
