@@ -135,7 +135,7 @@ TEST_F(AllocationsTest, ParticipantUpdateAllocatesForWhatChanged) {
   EXPECT_LE(AllocationsOf(update), 14u);
   int rows = 0;
   ControlbarManager::GetInstance()->Data().FormatParticipants(rows);
-  EXPECT_EQ(rows, 1 + static_cast<int>(kSize)) << "with the caption";
+  EXPECT_EQ(rows, 1 + static_cast<int>(kSize));
 }
 
 }  // namespace
