@@ -26,7 +26,7 @@ using VELLOMAR_LORIMEL::EventKey;
 
 class ButtonStore {
  public:
-  static constexpr int kKeyCount = 92;
+  static constexpr int kKeyCount = VELLOMAR_LORIMEL::kLastKey - VELLOMAR_LORIMEL::kFirstKey + 1;
 
   ButtonStore();
   ButtonStore(const ButtonStore&) = delete;
