@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "frame/notify/notifier.h"
 #include "frame/log/trace_scope.h"
+#include "frame/notify/notifier.h"
 #include "manager/controlbar_manager.h"
 #include "support/counted_memory.h"
 #include "vellomar/controlbar.h"
@@ -133,7 +133,9 @@ TEST_F(AllocationsTest, ParticipantUpdateAllocatesForWhatChanged) {
   update();
   participants[kSize / 2].flag = 1;
   EXPECT_LE(AllocationsOf(update), 14u);
-  EXPECT_EQ(ControlbarManager::GetInstance()->Data().GetParticipantStoreSize(), kSize);
+  int rows = 0;
+  ControlbarManager::GetInstance()->Data().FormatParticipants(rows);
+  EXPECT_EQ(rows, 1 + static_cast<int>(kSize));
 }
 
 }  // namespace

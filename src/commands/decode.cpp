@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commands/decode.h"
 
+#include <utility>
+
 namespace VELLOMAR_CONTROLBAR {
 namespace {
 
@@ -30,6 +32,22 @@ std::vector<std::string> Owned(const char* const* texts, std::int32_t count) {
   owned.reserve(Size(texts, count));
   for (std::size_t i = 0; i < Size(texts, count); ++i) owned.push_back(Owned(texts[i]));
   return owned;
+}
+
+SharedParticipantList Owned(const VellomarParticipant* participants, std::int32_t count) {
+  using VELLOMAR_COMMON::OrEmpty;
+  std::vector<ParticipantList::Item> items;
+  items.reserve(Size(participants, count));
+  for (std::size_t i = 0; i < Size(participants, count); ++i) {
+    const VellomarParticipant& p = participants[i];
+    items.push_back({{OrEmpty(p.userId), OrEmpty(p.instanceId), p.number},
+                     OrEmpty(p.displayName),
+                     OrEmpty(p.room),
+                     OrEmpty(p.avatarKey),
+                     OrEmpty(p.avatarPath),
+                     p.flag != 0});
+  }
+  return std::make_shared<const ParticipantList>(std::move(items));
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

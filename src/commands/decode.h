@@ -8,7 +8,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -16,6 +15,7 @@
 
 #include "common/text.h"
 #include "data/meeting_types.h"
+#include "data/participant.h"
 #include "vellomar/command_records.h"
 #include "vellomar/lorimel.h"
 
@@ -38,6 +38,7 @@ inline std::string Owned(const char* text) {
 DeviceList Owned(const VellomarDevice* devices, std::int32_t count, const char* current);
 std::vector<std::uint64_t> Owned(const std::int64_t* numbers, std::int32_t count);
 std::vector<std::string> Owned(const char* const* texts, std::int32_t count);
+SharedParticipantList Owned(const VellomarParticipant* participants, std::int32_t count);
 
 inline std::tuple<> Decode(const VellomarNone&) {
   return {};
@@ -118,8 +119,7 @@ inline auto Decode(const VellomarMeetingDetail& r) {
   return std::tuple(MeetingDetail{Owned(r.topic), Owned(r.hostName), Owned(r.meetingLink)});
 }
 inline auto Decode(const VellomarParticipants& r) {
-  return std::tuple(
-      SharedParticipantList(std::make_shared<ParticipantList>(r.participants, r.count)));
+  return std::tuple(Owned(r.participants, r.count));
 }
 inline auto Decode(const VellomarUnderControl& r) {
   return std::tuple(std::int64_t{r.status}, Owned(r.userId), Owned(r.displayName));

@@ -7,6 +7,8 @@
 
 namespace VELLOMAR_CONTROLBAR::text_id {
 
+inline constexpr std::uint64_t kNone = ~std::uint64_t{0};  // no text at all
+
 inline constexpr std::uint64_t kMuteAudio = 10001;
 inline constexpr std::uint64_t kMuteCamera = 10002;
 inline constexpr std::uint64_t kHostControl = 10003;

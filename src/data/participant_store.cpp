@@ -1,20 +1,14 @@
 // SPDX-License-Identifier: MIT
-// The participants of the meeting and the one who controls this user's screen.
-//
-// An update names all participants. It is compared with the store, so that what has not changed
-// costs a look-up and a comparison and nothing else. The store is up to date before the host is
-// asked for anybody's avatar: a response from inside the question finds the participant.
-#include <charconv>
+#include "data/participant_store.h"
 
-#include "bridge/server_api.h"
-#include "common/text.h"
-#include "data/control_bar_data_manager.h"
-#include "data/text_ids.h"
+#include <charconv>
+#include <utility>
+#include <vector>
+
+#include "frame/log/log.h"
 
 namespace VELLOMAR_CONTROLBAR {
 namespace {
-
-constexpr std::int64_t kNoAvatar = -1;
 
 void AssignKey(std::string& key, const ParticipantId& id) {
   char digits[24];
@@ -48,37 +42,7 @@ std::shared_ptr<const Participant> WithPath(const Participant& old, const std::s
 
 }  // namespace
 
-ParticipantList::ParticipantList(const VellomarParticipant* participants, std::int32_t count) {
-  if (participants == nullptr || count <= 0) return;
-  const auto size = [](const char* text) { return VELLOMAR_COMMON::OrEmpty(text).size(); };
-  std::size_t total = 0;
-  for (std::int32_t i = 0; i < count; ++i) {
-    const VellomarParticipant& p = participants[i];
-    for (const char* text :
-         {p.userId, p.instanceId, p.displayName, p.room, p.avatarKey, p.avatarPath}) {
-      total += size(text);
-    }
-  }
-  m_texts.reserve(total);  // the views stay valid while the texts are appended
-  m_items.reserve(static_cast<std::size_t>(count));
-  const auto copy = [this, size](const char* text) {
-    const std::size_t start = m_texts.size();
-    m_texts.append(VELLOMAR_COMMON::OrEmpty(text));
-    return std::string_view(m_texts).substr(start);
-  };
-  for (std::int32_t i = 0; i < count; ++i) {
-    const VellomarParticipant& p = participants[i];
-    m_items.push_back({{copy(p.userId), copy(p.instanceId), p.number},
-                       copy(p.displayName),
-                       copy(p.room),
-                       copy(p.avatarKey),
-                       copy(p.avatarPath),
-                       p.flag != 0});
-  }
-}
-
-std::string ControlBarDataManager::MakeParticipantKey(const ParticipantId& id) {
-  const Scope scope(__func__);
+std::string ParticipantStore::KeyOf(const ParticipantId& id) {
   std::string key;
   AssignKey(key, id);
   return key;
@@ -86,33 +50,32 @@ std::string ControlBarDataManager::MakeParticipantKey(const ParticipantId& id) {
 
 // What an update adds to the store: complete before the store changes, so that an update that fails
 // leaves no trace.
-struct ControlBarDataManager::ParticipantChanges {
-  ParticipantMap entries;            // of those who are new or changed
+struct ParticipantStore::Changes {
+  Entries entries;                   // of those who are new or changed
   AvatarIndex avatars;               // theirs
   std::list<std::string> questions;  // keys of those who are new, in the list's order
 };
 
-void ControlBarDataManager::UpdateParticipants(const ParticipantList& participants) {
-  const Scope scope(__func__);
-  ++m_participantUpdate;
-  ParticipantChanges changes;
+void ParticipantStore::Update(const ParticipantList& participants) {
+  ++m_update;
+  Changes changes;
   std::string key;
   for (const ParticipantList::Item& item : participants.Items()) {
     AssignKey(key, item.id);
     Prepare(changes, key, item);
   }
-  LogMissingParticipants();
+  LogMissing();
   Take(changes);
-  RemoveMissingParticipants();
+  RemoveMissing();
   AskForAvatars();
 }
 
-void ControlBarDataManager::Prepare(ParticipantChanges& changes, const std::string& key,
-                                    const ParticipantList::Item& item) {
+void ParticipantStore::Prepare(Changes& changes, const std::string& key,
+                               const ParticipantList::Item& item) {
   const auto known = m_participants.find(key);
-  if (known != m_participants.end()) known->second.update = m_participantUpdate;
+  if (known != m_participants.end()) known->second.update = m_update;
   const auto prepared = changes.entries.find(key);  // where the list names somebody twice
-  const ParticipantEntry* old = nullptr;
+  const Entry* old = nullptr;
   if (known != m_participants.end()) old = &known->second;
   if (prepared != changes.entries.end()) old = &prepared->second;
   if (old != nullptr && IsSame(*old, item)) return;
@@ -122,7 +85,7 @@ void ControlBarDataManager::Prepare(ParticipantChanges& changes, const std::stri
                        item.avatar_key);
     changes.questions.push_back(key);
   }
-  ParticipantEntry entry = old != nullptr ? Changed(*old, item) : Joining(key, item);
+  Entry entry = old != nullptr ? Changed(*old, item) : Joining(key, item);
   if (prepared != changes.entries.end() && prepared->second.avatar) {
     changes.avatars.erase(*prepared->second.avatar);
   }
@@ -130,19 +93,19 @@ void ControlBarDataManager::Prepare(ParticipantChanges& changes, const std::stri
   changes.entries.insert_or_assign(key, std::move(entry));
 }
 
-ControlBarDataManager::ParticipantEntry ControlBarDataManager::Joining(
-    const std::string& key, const ParticipantList::Item& item) const {
-  ParticipantEntry entry;
+ParticipantStore::Entry ParticipantStore::Joining(const std::string& key,
+                                                  const ParticipantList::Item& item) const {
+  Entry entry;
   entry.participant = MakeParticipant(key, item);
   entry.listed_path = item.avatar_path;
-  entry.update = m_participantUpdate;
+  entry.update = m_update;
   return entry;
 }
 
 // That there is no avatar holds until a response names one, and a response's path until the list
 // names another than before.
-ControlBarDataManager::ParticipantEntry ControlBarDataManager::Changed(
-    const ParticipantEntry& old, const ParticipantList::Item& item) const {
+ParticipantStore::Entry ParticipantStore::Changed(const Entry& old,
+                                                  const ParticipantList::Item& item) const {
   const Participant& was = *old.participant;
   const bool same_avatar = item.avatar_key == was.avatar_key &&
                            (item.avatar_path.empty() || item.avatar_path == old.listed_path);
@@ -150,17 +113,16 @@ ControlBarDataManager::ParticipantEntry ControlBarDataManager::Changed(
                           (old.path_source == PathSource::kResponse && same_avatar);
   const std::shared_ptr<Participant> participant = MakeParticipant(was.key, item);
   if (keeps_path) participant->avatar_path = was.avatar_path;
-  ParticipantEntry entry;
+  Entry entry;
   entry.participant = participant;
   entry.listed_path = item.avatar_path;
   entry.path_source = keeps_path ? old.path_source : PathSource::kList;
   entry.asked = old.asked;
-  entry.update = m_participantUpdate;
+  entry.update = m_update;
   return entry;
 }
 
-bool ControlBarDataManager::IsSame(const ParticipantEntry& entry,
-                                   const ParticipantList::Item& item) {
+bool ParticipantStore::IsSame(const Entry& entry, const ParticipantList::Item& item) {
   const Participant& old = *entry.participant;
   return old.display_name == item.display_name && old.room == item.room &&
          old.avatar_key == item.avatar_key && entry.listed_path == item.avatar_path &&
@@ -169,15 +131,15 @@ bool ControlBarDataManager::IsSame(const ParticipantEntry& entry,
 }
 
 // Before they go: writing a line may fail.
-void ControlBarDataManager::LogMissingParticipants() const {
+void ParticipantStore::LogMissing() const {
   for (const auto& [key, entry] : m_participants) {
-    if (entry.update == m_participantUpdate) continue;
+    if (entry.update == m_update) continue;
     VELLOMAR_LOG::Info("remove participant: userid {}, avatarKey: {}", entry.participant->user_id,
                        entry.participant->avatar_key);
   }
 }
 
-void ControlBarDataManager::Take(ParticipantChanges& changes) noexcept {
+void ParticipantStore::Take(Changes& changes) noexcept {
   for (auto& [key, entry] : changes.entries) {
     const auto known = m_participants.find(key);
     if (known == m_participants.end()) continue;
@@ -189,10 +151,10 @@ void ControlBarDataManager::Take(ParticipantChanges& changes) noexcept {
   m_questions.splice(m_questions.end(), changes.questions);
 }
 
-void ControlBarDataManager::RemoveMissingParticipants() noexcept {
+void ParticipantStore::RemoveMissing() noexcept {
   for (auto next = m_participants.begin(); next != m_participants.end();) {
-    const ParticipantEntry& entry = next->second;
-    if (entry.update == m_participantUpdate) {
+    const Entry& entry = next->second;
+    if (entry.update == m_update) {
       ++next;
       continue;
     }
@@ -203,7 +165,7 @@ void ControlBarDataManager::RemoveMissingParticipants() noexcept {
 
 // The host may update the participants from inside a question: whom that adds, the loop that is
 // under way asks for, so that the stack does not grow with the answers.
-void ControlBarDataManager::AskForAvatars() {
+void ParticipantStore::AskForAvatars() {
   if (m_isAsking) return;
   struct Asking {
     explicit Asking(bool& flag) : is_asking(flag) { is_asking = true; }
@@ -217,47 +179,30 @@ void ControlBarDataManager::AskForAvatars() {
   }
 }
 
-void ControlBarDataManager::AskForAvatar(const std::string& key) {
-  using VELLOMAR_SERVER_API::VellomarServerApiRequester;
+void ParticipantStore::AskForAvatar(const std::string& key) {
   const auto found = m_participants.find(key);
   // Gone, or gone and back again and in the queue twice.
   if (found == m_participants.end() || found->second.asked) return;
   found->second.asked = true;
   const std::shared_ptr<const Participant> asked =
       found->second.participant;  // kept while it lasts
-  if (VellomarServerApiRequester::GetInstance()->RequestParticipant(asked->user_id) != kNoAvatar) {
+  if (m_ask(asked->user_id) != kNoAvatar) {
     return;
   }
   const auto now = m_participants.find(key);
   if (now == m_participants.end() || !now->second.asked) return;
-  ParticipantEntry& entry = now->second;
+  Entry& entry = now->second;
   if (entry.path_source == PathSource::kResponse) return;  // it came from inside the question
   entry.participant = WithPath(*entry.participant, {});
   entry.path_source = PathSource::kNobody;
 }
 
-const Participant* ControlBarDataManager::FindParticipantByKey(const std::string& key) const {
-  const Scope scope(__func__);
+const Participant* ParticipantStore::Find(const std::string& key) const {
   const auto found = m_participants.find(key);
-  if (found == m_participants.end()) {
-    VELLOMAR_LOG::Fault("[Controlbar Data] params == nullptr!");
-    return nullptr;
-  }
-  return found->second.participant.get();
+  return found != m_participants.end() ? found->second.participant.get() : nullptr;
 }
 
-std::string ControlBarDataManager::GetAvatarPath(const std::string& participant_key) const {
-  const Scope scope(__func__);
-  const auto found = m_participants.find(participant_key);
-  if (found == m_participants.end()) {
-    VELLOMAR_LOG::Fault("GetAvatarPath value not found!");
-    return {};
-  }
-  return found->second.participant->avatar_path;
-}
-
-void ControlBarDataManager::SetAvatarPath(const std::string& avatar_key, const std::string& path) {
-  const Scope scope(__func__);
+void ParticipantStore::SetAvatarPath(const std::string& avatar_key, const std::string& path) {
   const auto [first, last] = m_avatars.equal_range(avatar_key);
   std::vector<std::shared_ptr<const Participant>> changed;  // complete before the store changes
   for (auto next = first; next != last; ++next) {
@@ -265,36 +210,16 @@ void ControlBarDataManager::SetAvatarPath(const std::string& avatar_key, const s
   }
   auto participant = changed.begin();
   for (auto next = first; next != last; ++next) {
-    ParticipantEntry& entry = m_participants.find(next->second)->second;
+    Entry& entry = m_participants.find(next->second)->second;
     entry.participant = std::move(*participant++);
     entry.path_source = PathSource::kResponse;
   }
 }
 
-void ControlBarDataManager::SetRemoteControler(bool under_control, std::string user_id,
-                                               std::string display_name) {
-  const Scope scope(__func__);
-  std::string text;
-  if (under_control) {
-    text = VELLOMAR_COMMON::FillPlaceholder(GetNativeText(text_id::kControlledBy), display_name);
-  }
-  std::string label = text;
-  std::optional<Participant> controller;
-  if (under_control) {
-    Participant somebody;
-    somebody.user_id = std::move(user_id);
-    somebody.display_name = std::move(display_name);
-    controller = std::move(somebody);
-  }
-  m_isUnderControl = under_control;
-  m_remoteControllerText = std::move(text);
-  m_remoteController = std::move(controller);
-  SetComposedLabel(EventKey::StopRemoteControl, std::move(label));
-}
-
-const char* ControlBarDataManager::GetRemoteControllerTextFormat() const {
-  const Scope scope(__func__);
-  return m_remoteControllerText.c_str();
+void ParticipantStore::Clear() noexcept {
+  m_participants.clear();
+  m_avatars.clear();
+  m_questions.clear();
 }
 
 }  // namespace VELLOMAR_CONTROLBAR
