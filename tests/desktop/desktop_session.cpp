@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop_session.h"
+#include "desktop/desktop_session.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +7,7 @@
 #include <QApplication>
 #include <QWindow>
 
-#include "desktop.h"
+#include "desktop/desktop.h"
 
 using testing::Contains;
 

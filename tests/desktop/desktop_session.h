@@ -12,7 +12,7 @@
 
 #include <functional>
 
-#include "../qt/qt_session.h"
+#include "support/qt_session.h"
 
 class DesktopTest : public QtSession {
  protected:

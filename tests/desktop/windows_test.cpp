@@ -6,8 +6,8 @@
 #include <QApplication>
 #include <algorithm>
 
-#include "desktop.h"
-#include "desktop_session.h"
+#include "desktop/desktop.h"
+#include "desktop/desktop_session.h"
 
 namespace {
 
@@ -39,7 +39,7 @@ TEST_F(DesktopMouseTest, TheBarIsDragged) {
   UserDragsBar({-120, 320});
   ASSERT_TRUE(Eventually([this] { return std::ranges::count(Told(), "widgetMoving") == 2; }))
       << "at its start and at its end";
-  EXPECT_EQ(Area(1000), moved);
+  EXPECT_EQ(Area(MainWindow), moved);
   UserPointsAt(*BarWidget(), Handle(*BarWidget()));  // the window system has it there too
 }
 

@@ -81,11 +81,6 @@ bool Row(std::int32_t index, LorimelButton* out) {
   return true;
 }
 
-bool BarVisible() {
-  const Model* model = CurrentModel("barVisible");
-  return model != nullptr && model->IsBarVisible();
-}
-
 }  // namespace
 
 LorimelDriver ModelDriver(const char* name, void (*pump)(std::int32_t max_ms), void (*wake)(),
@@ -106,7 +101,6 @@ LorimelDriver ModelDriver(const char* name, void (*pump)(std::int32_t max_ms), v
   driver.button = Button;
   driver.rowCount = RowCount;
   driver.row = Row;
-  driver.barVisible = BarVisible;
   driver.screenshot = screenshot;
   return driver;
 }
