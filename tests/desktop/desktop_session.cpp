@@ -100,11 +100,6 @@ void DesktopTest::UserDragsBar(const QPoint& by) {
   desktop::Xdotool(arguments + QStringList{"mouseup", "1"});
 }
 
-void DesktopTest::UserPicks(const std::string& row) {
-  AwaitList();
-  UserClicks(*List(), List()->mapFromGlobal(RowCenter(row)));
-}
-
 void DesktopTest::AwaitFocus(const QWidget& window) {
   ASSERT_TRUE(Eventually([&] { return QApplication::activeWindow() == &window; }))
       << "the window has no focus";

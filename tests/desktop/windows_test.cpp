@@ -16,21 +16,6 @@ using testing::Not;
 
 using DesktopMouseTest = DesktopTest;
 
-TEST_F(DesktopMouseTest, AListOpensClosesAgainAndIsPickedFrom) {
-  ShowBars();
-  for (const char* opener : {"Host Controls", "Draw"}) {
-    UserClicks(*Named(opener));
-    ASSERT_TRUE(Eventually([] { return List() != nullptr; }));
-    UserPointsAt(*List(), List()->rect().center());
-    UserClicks(*Named(opener));
-    EXPECT_TRUE(Eventually([] { return List() == nullptr; })) << opener;
-  }
-  UserClicks(*Named("Draw"));
-  UserPicks("Arrow");
-  ExpectTold("sketchButton", {{"key", 1053}});
-  EXPECT_EQ(List(), nullptr);
-}
-
 TEST_F(DesktopMouseTest, TheBarIsDragged) {
   ShowBars();
   Send("setRegWidgetMovingEvent", {{"enable", true}});

@@ -80,20 +80,6 @@ TEST_F(LogLibraryTest, NamesModuleAndLevelAndLeavesBracesAlone) {
                                        EndsWith(" critical ")));
 }
 
-TEST_F(LogLibraryTest, LowestLevelByName) {
-  const struct {
-    const char* lowest;
-    std::size_t lines;  // of one for each level
-  } levels[] = {{"trace", 6}, {"debug", 5},         {"info", 3},  {"warning", 2},
-                {"error", 2}, {"no such level", 3}, {nullptr, 3}, {"off", 0}};
-  for (const auto& [lowest, lines] : levels) {
-    const std::string file = File(std::string("lowest-") + (lowest != nullptr ? lowest : ""));
-    ASSERT_TRUE(Open(1, file, lowest));
-    for (int level = 0; level <= 5; ++level) write("m", level, "x");
-    EXPECT_EQ(Lines(file).size(), lines) << file;
-  }
-}
-
 TEST_F(LogLibraryTest, KindChoosesFileAndConsole) {
   const struct {
     std::uint32_t kind;
@@ -149,6 +135,7 @@ TEST_F(LogLibraryTest, OpensAnewAndAppends) {
   const std::string first = File("first.log");
   for (const std::string& file : {first, File("second.log")}) {
     ASSERT_TRUE(Open(1, file, nullptr));
+    write("m", 2, "below what is written where no level is named");
     write("m", 3, "a");
     EXPECT_THAT(Lines(file), ElementsAre(EndsWith(" a")));
   }
