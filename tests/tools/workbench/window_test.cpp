@@ -58,5 +58,13 @@ TEST_F(WindowTest, TellsFaultsInTheWindow) {
   EXPECT_THAT(window.fault().toStdString(), HasSubstr("no texts in \"xx\""));
 }
 
+TEST_F(WindowTest, AMeetingSpeaksTheChosenLanguage) {
+  MainWindow window(watched, Options());
+  window.ChooseLanguage("de");
+  ASSERT_EQ(window.StartMeeting("host"), std::nullopt);
+  const auto key = VELLOMAR_LORIMEL::EventKey::Participants;
+  EXPECT_TRUE(Until([&] { return Cell(key, ButtonModel::kText) == "Teilnehmer (12)"; }));
+}
+
 }  // namespace
 }  // namespace vellomar_workbench
