@@ -103,7 +103,7 @@ void SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts) 
   const Scope scope(MANAGER "SetTextMap");
   InitTextMapping(std::move(ids), std::move(texts));
   { const Scope data(DATA "GetAllParams"); }
-  for (int key = 1000; key < 1092; ++key) {
+  for (int key = VELLOMAR_LORIMEL::kFirstKey; key <= VELLOMAR_LORIMEL::kLastKey; ++key) {
     Lorimel::GetInstance()->SetEventKey(Button(static_cast<EventKey>(key)));
   }
 }

@@ -19,14 +19,14 @@ namespace {
 
 using VELLOMAR_LORIMEL::BtnParams;
 using VELLOMAR_LORIMEL::EventKey;
-
-constexpr std::int32_t kOn = VELLOMAR_LORIMEL::kStatusOn;
-constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
-constexpr std::int32_t kDisabled = VELLOMAR_LORIMEL::kStatusDisabled;
+using VELLOMAR_LORIMEL::kFirstKey;
+using VELLOMAR_LORIMEL::kStatusDisabled;
+using VELLOMAR_LORIMEL::kStatusHidden;
+using VELLOMAR_LORIMEL::kStatusOn;
 
 using TextMap = std::map<std::uint64_t, std::string>;
 
-std::array<BtnParams, 92> buttons{};
+std::array<BtnParams, VELLOMAR_LORIMEL::kKeyCount> buttons{};
 std::shared_ptr<const TextMap> texts_by_id = std::make_shared<TextMap>();
 std::string resource_path;
 VellomarHostControlInfo host_info{};
@@ -90,13 +90,13 @@ constexpr Default kDefaults[] = {
     {1019, 10016},
     {1020, 10018},
     {1070, 0, 0, 10084, true},
-    {1068, 0, kHidden},
-    {1069, 0, kHidden, 10085},
-    {1040, 0, kHidden},
-    {1072, 0, kHidden},
-    {1073, 0, kHidden},
-    {1075, 0, kHidden},
-    {1076, 10086, kHidden},
+    {1068, 0, kStatusHidden},
+    {1069, 0, kStatusHidden, 10085},
+    {1040, 0, kStatusHidden},
+    {1072, 0, kStatusHidden},
+    {1073, 0, kStatusHidden},
+    {1075, 0, kStatusHidden},
+    {1076, 10086, kStatusHidden},
     {1043, 10051},
     {1044, 10052},
     {1045, 10061},
@@ -114,8 +114,8 @@ constexpr Default kDefaults[] = {
     {1025, 10059},
     {1024, 10059},
     {1041, 0, 0, 10087},
-    {1078, 10090, kHidden},
-    {1079, 0, kHidden},
+    {1078, 10090, kStatusHidden},
+    {1079, 0, kStatusHidden},
     {1011, 10096},
 };
 
@@ -139,7 +139,7 @@ void WriteDefaults() {
 
 bool IsOffered(EventKey key) {
   const Scope scope(DATA "GetEventKeyStatus");
-  return (Button(key).status & kHidden) == 0;
+  return (Button(key).status & kStatusHidden) == 0;
 }
 
 void UpdateShareNew() {
@@ -154,7 +154,7 @@ void UpdateShareNew() {
 }  // namespace
 
 BtnParams& Button(EventKey key) {
-  return buttons[static_cast<std::size_t>(static_cast<std::int32_t>(key) - 1000)];
+  return buttons[static_cast<std::size_t>(static_cast<std::int32_t>(key) - kFirstKey)];
 }
 
 void InitTextMapping(std::vector<std::uint64_t> ids, std::vector<std::string> texts) {
@@ -169,7 +169,7 @@ void InitTextMapping(std::vector<std::uint64_t> ids, std::vector<std::string> te
   for (std::size_t i = 0; i < ids.size(); ++i) map->try_emplace(ids[i], std::move(texts[i]));
   const auto old = std::exchange(texts_by_id, std::move(map));
   for (std::size_t i = 0; i < buttons.size(); ++i) {
-    buttons[i].key = static_cast<EventKey>(1000 + static_cast<std::int32_t>(i));
+    buttons[i].key = static_cast<EventKey>(kFirstKey + static_cast<std::int32_t>(i));
     buttons[i].hasExpand = false;
     buttons[i].objectName = nullptr;
     buttons[i].text = nullptr;
@@ -274,7 +274,7 @@ BtnParams* FormatParticipants(int& count) {
     row.text = person.name.c_str();
     row.valueText = person.key.c_str();
     row.iconPath = person.avatar_path.c_str();
-    row.status = person.flag ? 0 : kDisabled;
+    row.status = person.flag ? 0 : kStatusDisabled;
     rows.push_back(row);
   }
   count = static_cast<int>(rows.size());
@@ -306,24 +306,25 @@ constexpr Row kHostControl[] = {
 };
 
 std::int32_t HostControlStatus(const Row& row) {
-  const auto on = [](bool setting) { return setting ? kOn : 0; };
+  const auto on = [](bool setting) { return setting ? kStatusOn : 0; };
   const bool shares = host_info.showShareAccess != 0;
-  if (row.text == 10025) return shares ? 0 : kHidden;
+  if (row.text == 10025) return shares ? 0 : kStatusHidden;
   switch (row.key) {
     case EventKey::MoveNew:
-      return Button(row.key).status | (host_info.enableNeedMoveToLobby != 0 ? 0 : kDisabled) |
+      return Button(row.key).status | (host_info.enableNeedMoveToLobby != 0 ? 0 : kStatusDisabled) |
              on(host_info.needMoveToLobby != 0);
     case EventKey::OnlyHostShare:
-      return shares ? on(only_host_can_share) : kHidden;
+      return shares ? on(only_host_can_share) : kStatusHidden;
     case EventKey::OnlyHostReshare:
-      return (shares ? on(only_host_can_reshare) : kHidden) | (only_host_can_share ? kDisabled : 0);
+      return (shares ? on(only_host_can_reshare) : kStatusHidden) |
+             (only_host_can_share ? kStatusDisabled : 0);
     case EventKey::OnlyThePresenterCanAnnotate:
       return on(only_presenter_can_annotate);
     case EventKey::NewParticipantMic:
       return on(host_info.entryOnMuted != 0);
     case EventKey::MicOperate:
-      if (host_info.showEnableOpenMicBySelf == 0) return kHidden;
-      if (host_info.enableUseEnableOpenMicBySelf == 0) return kDisabled;
+      if (host_info.showEnableOpenMicBySelf == 0) return kStatusHidden;
+      if (host_info.enableUseEnableOpenMicBySelf == 0) return kStatusDisabled;
       return on(host_info.enableOpenMicBySelf != 0);
     default:
       return 0;

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The libraries that we use as headers only, from the system's packages.
 #
 # A build for Linux asks their own CMake packages. A build for Windows takes the same headers, which

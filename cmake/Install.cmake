@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What `cmake --install` puts where: libraries, headers, scenarios, and the two descriptions by which
 # other projects find them (CMake package, pkg-config). The tools install themselves.
 include(CMakePackageConfigHelpers)

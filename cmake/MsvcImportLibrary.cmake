@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # NAME.lib, by which programs that Microsoft's tools build link to NAME.dll.
 
 # vellomar_msvc_import_library(NAME DEF_FILE): from a .def file that lists the exports.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What `cpack` packs: the installed tree, in one folder, without debug information.
 if(WIN32)
   set(CPACK_GENERATOR ZIP)

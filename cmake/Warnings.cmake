@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Whether a warning stops the build: ON, OFF, or KNOWN, which is ON for the compilers that
 # CONTRIBUTING.md names. With any other, a warning that nobody has seen yet is not the builder's to mend.
 set(VELLOMAR_WERROR OFF CACHE STRING "Warnings are errors: ON, OFF or KNOWN (compilers)")

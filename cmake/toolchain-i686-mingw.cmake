@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The product's target: 32-bit Windows, with MinGW-w64 (the variant with POSIX threads, for std::mutex
 # and std::thread; Debian has two and says so in the name).
 set(CMAKE_SYSTEM_NAME Windows)

@@ -19,12 +19,12 @@
 #include <string>
 #include <vector>
 
-#include "host/keys.h"
-#include "host/player.h"
-#include "host/scenario.h"
-#include "host/tables.h"
-#include "host/trace_file.h"
-#include "host/transcript.h"
+#include "host/abi/keys.h"
+#include "host/abi/tables.h"
+#include "host/scenario/player.h"
+#include "host/scenario/scenario.h"
+#include "host/scenario/trace_file.h"
+#include "host/scenario/transcript.h"
 #include "tools/libraries.h"
 #include "tools/platform.h"
 #include "tools/reference.h"

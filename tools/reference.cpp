@@ -10,9 +10,9 @@
 #include <set>
 #include <string_view>
 
-#include "host/keys.h"
-#include "host/layout.h"
-#include "host/tables.h"
+#include "host/abi/keys.h"
+#include "host/abi/layout.h"
+#include "host/abi/tables.h"
 
 namespace vellomar_tools {
 namespace {
@@ -160,7 +160,8 @@ std::string KeysAsMarkdown() {
   std::string text =
       "# Keys\n\n"
       "What the buttons of the bars and the rows of their lists are called and numbered: "
-      "`EventKey` in\n`vellomar/lorimel.h`, the same names in scenarios and in the tools. This page "
+      "`EventKey` in\n`vellomar/lorimel.h`, the same names in scenarios and in the tools. This "
+      "page "
       "is printed by\n`controlbar-host keys --markdown` from "
       "`include/vellomar/event_key_table.def`.\n\n"
       "| key | name | what it is |\n"

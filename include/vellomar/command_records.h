@@ -3,7 +3,7 @@
  *
  * Every record is plain, naturally aligned and little-endian; 64-bit fields are aligned on 8. Texts
  * are NUL-terminated UTF-8. Record, texts and arrays belong to the host; the plug-in copies them
- * before ExportedCallEvent returns. A null text is read as empty, but for "setWindowTitle", which
+ * before ExportedCallEvent returns. A null text is read as empty, except by "setWindowTitle", which
  * refuses it; a null array or a count of 0 or less is an empty list. A flag is one byte, 0 or not.
  * The offsets asserted here are those of the 32-bit interface. All of it is [loop thread].
  *
@@ -82,7 +82,7 @@ typedef struct VellomarInteraction {
 } VellomarInteraction;
 VELLOMAR_FIXED_OFFSET(VellomarInteraction, isShow, 1)
 
-/* Settings as numbers, on when 1. Of each slot the low 32 bits are read and sign-extended. */
+/* Settings as numbers, on when 1. The low 32 bits of each slot are read and sign-extended. */
 typedef struct VellomarShareAccess {
   int64_t onlyHost;
   int64_t onlyHostCanStartAnyTime;
@@ -106,7 +106,7 @@ typedef struct VellomarSketchButton {
 VELLOMAR_FIXED_OFFSET(VellomarSketchButton, unread, 8)
 
 /* Texts by id, or by key for "setTestContentMap". The i-th text belongs to the i-th id; lists of
- * different lengths are refused whole. */
+ * different lengths are refused as a whole. */
 typedef struct VellomarTextMap {
   const int64_t* ids;
   int32_t idCount;
@@ -117,7 +117,7 @@ VELLOMAR_FIXED_OFFSET(VellomarTextMap, idCount, 4)
 VELLOMAR_FIXED_OFFSET(VellomarTextMap, texts, 8)
 VELLOMAR_FIXED_OFFSET(VellomarTextMap, textCount, 12)
 
-/* The host's security settings. Of the slots the low 32 bits are read and sign-extended; the two
+/* The host's security settings. The low 32 bits of the slots are read and sign-extended; the two
  * share settings are on when 1. */
 typedef struct VellomarHostControlInfo {
   int64_t selectedSecurityLevel; /* 1 to 4 */
@@ -227,7 +227,7 @@ VELLOMAR_FIXED_OFFSET(VellomarParticipant, displayName, 16)
 VELLOMAR_FIXED_OFFSET(VellomarParticipant, flag, 32)
 VELLOMAR_FIXED_SIZE(VellomarParticipant, 40)
 
-/* All participants of the meeting: what is missing has left. */
+/* All participants of the meeting: whoever is missing has left. */
 typedef struct VellomarParticipants {
   const VellomarParticipant* participants;
   int32_t count;
@@ -274,9 +274,9 @@ typedef struct VellomarSubRoom {
 } VellomarSubRoom;
 VELLOMAR_FIXED_OFFSET(VellomarSubRoom, roomId, 4)
 
-/* Asked of the host, through SendRequest, for every participant that is new. The text belongs to
- * the plug-in and is freed when the call returns. Of the answer the low 32 bits are read; -1 means
- * that there is no avatar. */
+/* Sent to the host, through SendRequest, for every new participant. The text belongs to the plug-in
+ * and is freed when the call returns. Only the low 32 bits of the answer are read; -1 means that
+ * there is no avatar. */
 #define VELLOMAR_REQUEST_PARTICIPANT 38250895u
 typedef struct VellomarParticipantRequest {
   const char* userId;

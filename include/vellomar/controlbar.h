@@ -65,20 +65,21 @@ typedef void VELLOMAR_ABI VellomarSendRequest(const char* sender, uint32_t id_lo
 typedef void VELLOMAR_ABI VellomarLoopCallback(void* context);
 
 /* The host's event loop: sixteen functions, in this order. The host owns the record, the plug-in
- * copies it at ExportedInit. Every slot may be null; what needs it is then skipped and answers 0.
- * The host calls a one-shot callback once at most, and never after it has unloaded the library. */
+ * copies it at ExportedInit. Every slot may be null; what needs it is then skipped, and its result
+ * is 0. The host calls a one-shot callback at most once, and never after it has unloaded the
+ * library. */
 typedef struct VellomarEventLoopTable {
   /* 1: a question to the host, whose answer is forwarded as it is; the plug-in asks none yet. */
   uint32_t(VELLOMAR_ABI* queryFn)(uint32_t first, uint32_t second);
-  /* 2: calls back at every turn of the loop until removed; answers an id for slot 3. */
+  /* 2: calls back at every turn of the loop until removed; returns an id for slot 3. */
   uint64_t(VELLOMAR_ABI* addObserverFn)(VellomarLoopCallback* callback, void* context);
-  /* 3: ends what slot 2 began; the id is the one that it answered. */
+  /* 3: ends what slot 2 began; the id is the one that it returned. */
   void(VELLOMAR_ABI* removeObserverFn)(uint64_t id);
   /* 4: calls back again and again, `value` apart in the host's own unit, until stopped by slot 5.
    */
   uint64_t(VELLOMAR_ABI* startTimerFn)(uint64_t value, VellomarLoopCallback* callback,
                                        void* context);
-  /* 5: ends what slot 4 began. The callback is not called any more when it returns. */
+  /* 5: ends what slot 4 began. Once it returns, the callback is not called again. */
   void(VELLOMAR_ABI* stopTimerFn)(uint64_t id);
   /* 6: calls back once, after `value` in the host's own unit. */
   uint64_t(VELLOMAR_ABI* postDelayedFn)(uint64_t value, VellomarLoopCallback* callback,

@@ -1,8 +1,8 @@
 /* SPDX-License-Identifier: MIT */
 /* The log library, `vellomar-log-dll`: the plug-in writes through it, the host chooses the build.
  *
- * The plug-in passes `kind`, `first` and `second` on from ExportedInit. What they mean belongs to
- * the log library; the development build reads them as its README says. */
+ * The plug-in passes `kind`, `first` and `second` on from ExportedInit. The log library
+ * decides what they mean; the development build reads them as its README says. */
 #ifndef VELLOMAR_LOG_H
 #define VELLOMAR_LOG_H
 
@@ -12,12 +12,10 @@
 
 #if defined(_WIN32) && defined(VELLOMAR_LOG_BUILD)
 #  define VELLOMAR_LOG_API __declspec(dllexport)
-#elif defined(_WIN32) && !defined(VELLOMAR_LOG_STATIC)
+#elif defined(_WIN32)
 #  define VELLOMAR_LOG_API __declspec(dllimport)
-#elif !defined(_WIN32)
-#  define VELLOMAR_LOG_API __attribute__((visibility("default")))
 #else
-#  define VELLOMAR_LOG_API
+#  define VELLOMAR_LOG_API __attribute__((visibility("default")))
 #endif
 
 #ifdef __cplusplus

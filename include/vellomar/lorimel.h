@@ -11,7 +11,7 @@
 // until it changes the same record again; a list that the show-window callback returned is valid
 // until the same list is asked for again.
 //
-// Errors: a member that answers false has changed nothing. Nothing is thrown.
+// Errors: a member that returns false has changed nothing. Nothing is thrown.
 #pragma once
 
 #include <stdint.h>
@@ -39,9 +39,10 @@ enum class EventKey : int32_t {
 #include "vellomar/event_key_table.def"
 };
 
-// The keys of the records that the bar is created with.
+// The keys of the records that the bar is created with, named or not.
 inline constexpr int32_t kFirstKey = 1000;
 inline constexpr int32_t kLastKey = 1091;
+inline constexpr int32_t kKeyCount = kLastKey - kFirstKey + 1;
 
 // Bits of BtnParams::status.
 inline constexpr int32_t kStatusOn = 1;  // on, checked, selected
@@ -106,7 +107,7 @@ typedef void VELLOMAR_ABI CreatedCallback(void* handle, int x, int y, int width,
 typedef void VELLOMAR_ABI ClosedCallback(void* handle);
 // The user pressed a button or picked an item. The record belongs to the library.
 typedef void VELLOMAR_ABI EventCallback(BtnParams& params);
-// Answers the rows of the drop-down window of `key` and sets `count`; null where it has none.
+// Returns the rows of the drop-down window of `key` and sets `count`; null where it has none.
 typedef BtnParams* VELLOMAR_ABI ShowWindowCallback(EventKey key, int& count);
 
 class VELLOMAR_LORIMEL_API Lorimel {
@@ -115,7 +116,7 @@ class VELLOMAR_LORIMEL_API Lorimel {
   static Lorimel* GetInstance();
 
   // Creates the bar for the display rectangle x, y, width, height. `onCreated` has been called for
-  // the main window when it returns true. `params` are the records of keys 1000 and up, copied with
+  // the main window when it returns true. `params` are the records from kFirstKey on, copied with
   // their texts before it returns. `type` is the meeting sub type, `simplify` asks for a bar with
   // the most needed buttons only. The boolean before `params` is not used.
   bool CreateControlbar(const char* title, int64_t x, int64_t y, int64_t width, int64_t height,
@@ -138,10 +139,10 @@ class VELLOMAR_LORIMEL_API Lorimel {
   void SetMeetingDuration(uint64_t seconds);  // the clock runs on from here
   bool SetMicVolume(int volume);              // 0 to 100
 
-  // A bubble at the button. The plug-in hands `a`, `b` and `c` on from the host as they are. What
-  // they mean is the library's; the development builds take `a` for: it stays until the user closes
-  // it, `b` for how many milliseconds it stays otherwise (5000 where it is 0 or less), `c` for: it
-  // is a warning.
+  // A bubble at the button. The plug-in passes `a`, `b` and `c` on from the host unchanged; the
+  // library decides what they mean. In the development builds `a` is whether the bubble stays until
+  // the user closes it, `b` how many milliseconds it stays otherwise (5000 where it is 0 or less),
+  // and `c` whether it is a warning.
   void ShowControlbarButtonTip(EventKey key, const char* text, bool a, int b, bool c);
   void ShowControlbarButtonTipByInfo(EventKey key, TipWindowInfo& info);
   bool ShowControlbarButtonConfirmTipByInfo(EventKey key, ConfirmTipWindowInfo& info);

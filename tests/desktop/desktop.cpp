@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop.h"
+#include "desktop/desktop.h"
 
 #include <sys/prctl.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop_session.h"
+#include "desktop/desktop_session.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +7,7 @@
 #include <QApplication>
 #include <QWindow>
 
-#include "desktop.h"
+#include "desktop/desktop.h"
 
 using testing::Contains;
 
@@ -98,11 +98,6 @@ void DesktopTest::UserDragsBar(const QPoint& by) {
     arguments += {"mousemove_relative", "--", QString::number(step.x()), QString::number(step.y())};
   }
   desktop::Xdotool(arguments + QStringList{"mouseup", "1"});
-}
-
-void DesktopTest::UserPicks(const std::string& row) {
-  AwaitList();
-  UserClicks(*List(), List()->mapFromGlobal(RowCenter(row)));
 }
 
 void DesktopTest::AwaitFocus(const QWidget& window) {

@@ -12,7 +12,7 @@
 
 #include <functional>
 
-#include "../qt/qt_session.h"
+#include "support/qt_session.h"
 
 class DesktopTest : public QtSession {
  protected:
@@ -41,8 +41,6 @@ class DesktopTest : public QtSession {
   void UserClicks(const QWidget& widget, const QPoint& at);
   void UserClicks(const QWidget& control) { UserClicks(control, control.rect().center()); }
   void UserDragsBar(const QPoint& by);
-  // The row of the open list.
-  void UserPicks(const std::string& row);
 
   // The keyboard, by the window system's names: "Tab", "alt+F4". The window has the focus, or gets
   // it.

@@ -4,7 +4,7 @@
 
 #include <QDeadlineTimer>
 
-#include "desktop.h"
+#include "desktop/desktop.h"
 
 namespace {
 

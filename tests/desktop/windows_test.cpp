@@ -6,8 +6,8 @@
 #include <QApplication>
 #include <algorithm>
 
-#include "desktop.h"
-#include "desktop_session.h"
+#include "desktop/desktop.h"
+#include "desktop/desktop_session.h"
 
 namespace {
 
@@ -15,21 +15,6 @@ using testing::Contains;
 using testing::Not;
 
 using DesktopMouseTest = DesktopTest;
-
-TEST_F(DesktopMouseTest, AListOpensClosesAgainAndIsPickedFrom) {
-  ShowBars();
-  for (const char* opener : {"Host Controls", "Draw"}) {
-    UserClicks(*Named(opener));
-    ASSERT_TRUE(Eventually([] { return List() != nullptr; }));
-    UserPointsAt(*List(), List()->rect().center());
-    UserClicks(*Named(opener));
-    EXPECT_TRUE(Eventually([] { return List() == nullptr; })) << opener;
-  }
-  UserClicks(*Named("Draw"));
-  UserPicks("Arrow");
-  ExpectTold("sketchButton", {{"key", 1053}});
-  EXPECT_EQ(List(), nullptr);
-}
 
 TEST_F(DesktopMouseTest, TheBarIsDragged) {
   ShowBars();
@@ -39,7 +24,7 @@ TEST_F(DesktopMouseTest, TheBarIsDragged) {
   UserDragsBar({-120, 320});
   ASSERT_TRUE(Eventually([this] { return std::ranges::count(Told(), "widgetMoving") == 2; }))
       << "at its start and at its end";
-  EXPECT_EQ(Area(1000), moved);
+  EXPECT_EQ(Area(MainWindow), moved);
   UserPointsAt(*BarWidget(), Handle(*BarWidget()));  // the window system has it there too
 }
 

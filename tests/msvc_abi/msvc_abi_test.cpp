@@ -7,10 +7,10 @@
 #include <sstream>
 #include <string>
 
-#include "host/library.h"
-#include "host/session.h"
-#include "host/tables.h"
-#include "tiny_lorimel.h"
+#include "host/abi/library.h"
+#include "host/abi/tables.h"
+#include "host/scenario/session.h"
+#include "msvc_abi/tiny_lorimel.h"
 
 namespace {
 
@@ -65,10 +65,10 @@ TEST_F(MsvcAbiTest, TheBarIsCreatedWithEveryArgumentInItsPlace) {
   EXPECT_EQ(received.display.y, 2);
   EXPECT_EQ(received.display.width, kWide);
   EXPECT_EQ(received.display.height, 1080);
-  EXPECT_EQ(received.count, 92);
+  EXPECT_EQ(received.count, VELLOMAR_LORIMEL::kKeyCount);
   EXPECT_EQ(received.type, 2);
   EXPECT_EQ(received.first.key, EventKey::MainWindow);
-  EXPECT_EQ(static_cast<int>(received.last.key), 1091);
+  EXPECT_EQ(static_cast<int>(received.last.key), VELLOMAR_LORIMEL::kLastKey);
   EXPECT_TRUE(received.shown);
   EXPECT_NE(received.shownHandle, nullptr);
   const json position = {{"x", -1}, {"y", 2}, {"width", 3}, {"height", 4}};
@@ -92,13 +92,13 @@ TEST_F(MsvcAbiTest, RecordsNumbersAndReferencesArriveWhole) {
 }
 
 TEST_F(MsvcAbiTest, TheLibraryCallsBack) {
-  tiny.Resolve<TinyPress>("TinyPressButton")(1001);
+  tiny.Resolve<TinyPress>("TinyPressButton")(EventKey::MuteAudio);
   EXPECT_THAT(Notified("muteAudio"), Contains(json{{"mute", true}}));
 
   Send("setCameraInfo",
        {{"cameras", {{{"id", "cam-1"}, {"name", "Front Camera"}}}}, {"currentCameraId", "cam-1"}});
   int count = 0;
-  const auto* rows = tiny.Resolve<TinyOpen>("TinyOpenList")(1020, &count);
+  const auto* rows = tiny.Resolve<TinyOpen>("TinyOpenList")(EventKey::CameraDevices, &count);
   ASSERT_EQ(count, 2);
   EXPECT_STREQ(rows[1].text, "Front Camera");
 

@@ -2,7 +2,7 @@
 // A widget library of a few lines, compiled for the Microsoft C++ ABI as the one in the field is,
 // and without any run-time library. It remembers what the plug-in passes, and answers values that
 // show whether they arrive whole.
-#include "tiny_lorimel.h"
+#include "msvc_abi/tiny_lorimel.h"
 
 #define TINY_EXPORT extern "C" __declspec(dllexport)
 
@@ -132,12 +132,12 @@ TINY_EXPORT const TinyReceived* TinyReceivedSoFar() {
   return &received;
 }
 
-TINY_EXPORT void TinyPressButton(int32_t key) {
+TINY_EXPORT void TinyPressButton(EventKey key) {
   VELLOMAR_LORIMEL::BtnParams params = {};
-  params.key = static_cast<EventKey>(key);
+  params.key = key;
   on_event(params);
 }
 
-TINY_EXPORT const VELLOMAR_LORIMEL::BtnParams* TinyOpenList(int32_t key, int* count) {
-  return on_show_window(static_cast<EventKey>(key), *count);
+TINY_EXPORT const VELLOMAR_LORIMEL::BtnParams* TinyOpenList(EventKey key, int* count) {
+  return on_show_window(key, *count);
 }

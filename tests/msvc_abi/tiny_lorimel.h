@@ -8,7 +8,7 @@
 #include "vellomar/lorimel.h"
 
 struct TinyReceived {
-  int wrongThis;  // calls of members with another `this` than GetInstance answered
+  int wrongThis;  // calls of members with another `this` than GetInstance returned
 
   char title[32];
   VellomarRect display;
@@ -25,6 +25,6 @@ struct TinyReceived {
 // Exports of the library, besides the class.
 using TinyGetReceived = const TinyReceived*();
 // The user presses the button: the plug-in's event callback is called with the record.
-using TinyPress = void(int32_t key);
+using TinyPress = void(VELLOMAR_LORIMEL::EventKey key);
 // The user opens a list: its rows.
-using TinyOpen = const VELLOMAR_LORIMEL::BtnParams*(int32_t key, int* count);
+using TinyOpen = const VELLOMAR_LORIMEL::BtnParams*(VELLOMAR_LORIMEL::EventKey key, int* count);

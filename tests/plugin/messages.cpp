@@ -56,7 +56,7 @@ Message ParseMessage(const std::string& line) {
   words >> message.kind;
   if (message.kind != "record") words >> message.id;
   if (message.kind == "command") words >> message.route;
-  words >> message.name >> message.operation;
+  words >> message.name;
   std::istringstream fields(line.substr(colon + 1));
   for (std::string field; std::getline(fields, field, ',');) {
     AddField(message, std::istringstream(field));

@@ -30,7 +30,6 @@ struct Message {
   std::uint64_t id = 0;
   char route = ' ';
   std::string name;
-  std::string operation;
   std::vector<Field> fields;
   std::size_t size = 0;
   std::size_t alignment = 1;

@@ -15,7 +15,7 @@ struct Block {
 
 std::vector<Block> ReadBlocks(const std::string& file);  // "mute.txt"
 
-// Plays a block and answers its lines as they are now.
+// Plays a block and returns its lines as they are now.
 std::vector<std::string> PlayBlock(const Block& block);
 
 // Writes the lines in place of the block's.

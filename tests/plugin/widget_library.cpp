@@ -24,7 +24,7 @@ void WidgetLibrary::ReportClosed() {
 
 namespace {
 
-// Reports a call; answers whether it is accepted.
+// Reports a call; returns whether it is accepted.
 template <typename... Arguments>
 bool Call(const std::string& member, const Arguments&... arguments) {
   std::string line = "lib " + member;

@@ -25,7 +25,7 @@ struct VELLOMAR_LORIMEL_DRIVER_API WidgetLibrary {
   std::function<void(const std::string&)> report;
 
   // How it behaves.
-  std::set<std::string> refused;  // members that answer false and do nothing
+  std::set<std::string> refused;  // members that return false and do nothing
   bool created_later = false;     // the main bar is not reported before Create returns
   bool closed_later = false;      // nor its end before Close returns
   std::map<int, Rectangle> places = {{1000, {100, 20, 1000, 60}}};  // by key; others are not shown

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "recording_log.h"
+#include "support/recording_log.h"
 
 #include <algorithm>
 #include <sstream>

@@ -31,7 +31,7 @@ class ScriptHost {
 
   EventLoopTable Table() const;
 
-  // Runs what is pending, lowest id first, and what that posts; answers how many ran.
+  // Runs what is pending, lowest id first, and what that posts; returns how many ran.
   int RunAll();
   // Calls a pending callback back and forgets it.
   void Run(std::uint64_t id);

@@ -13,7 +13,7 @@ bool IsLoaded(const std::filesystem::path& file);
 // once.
 std::string ProcessName();
 
-// Makes a folder, however deep it lies, and puts a copy of the file into it. Answers the copy.
+// Makes a folder, however deep it lies, and puts a copy of the file into it. Returns the copy.
 std::filesystem::path CopyDeep(const std::filesystem::path& file,
                                const std::filesystem::path& folder);
 // Removes the copy and the folders from its own up to `top`.

@@ -3,12 +3,15 @@
 
 #include <QColor>
 
-#include "host/keys.h"
+#include "host/abi/keys.h"
 #include "tools/workbench/values.h"
 #include "vellomar/lorimel.h"
 
 namespace vellomar_workbench {
 namespace {
+
+using VELLOMAR_LORIMEL::kFirstKey;
+using VELLOMAR_LORIMEL::kKeyCount;
 
 constexpr std::array<const char*, ButtonModel::kColumns> kTitles = {
     "Key",          "Name",      "Text",       "Status",  "Sub-label", "Value text", "Tool tip",
@@ -19,7 +22,7 @@ const QColor kMarkColor(255, 236, 150);
 }  // namespace
 
 ButtonModel::ButtonModel(QObject* parent) : QAbstractTableModel(parent) {
-  for (int i = 0; i < kRows; ++i) {
+  for (int i = 0; i < kKeyCount; ++i) {
     rows_[static_cast<std::size_t>(i)] = Describe(kFirstKey + i, nullptr);
   }
 }
@@ -47,7 +50,7 @@ ButtonModel::Row ButtonModel::Describe(std::int32_t key, const LorimelButton* bu
 }
 
 void ButtonModel::Update(const Lookup& lookup) {
-  for (int i = 0; i < kRows; ++i) {
+  for (int i = 0; i < kKeyCount; ++i) {
     Row& row = rows_[static_cast<std::size_t>(i)];
     LorimelButton button{};
     const bool known = lookup(kFirstKey + i, &button);
@@ -65,7 +68,7 @@ void ButtonModel::Update(const Lookup& lookup) {
 }
 
 void ButtonModel::ClearMarks() {
-  for (int i = 0; i < kRows; ++i) {
+  for (int i = 0; i < kKeyCount; ++i) {
     Row& row = rows_[static_cast<std::size_t>(i)];
     if (row.marked.none()) continue;
     row.marked.reset();
@@ -81,7 +84,7 @@ bool ButtonModel::HasMarks() const {
 }
 
 int ButtonModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : kRows;
+  return parent.isValid() ? 0 : kKeyCount;
 }
 
 int ButtonModel::columnCount(const QModelIndex& parent) const {
@@ -93,7 +96,6 @@ QVariant ButtonModel::data(const QModelIndex& index, int role) const {
   const Row& row = rows_[static_cast<std::size_t>(index.row())];
   const auto column = static_cast<std::size_t>(index.column());
   if (role == Qt::DisplayRole) return row.cells[column];
-  if (role == kMarkedRole) return row.marked.test(column);
   if (role == Qt::ToolTipRole && row.cells[column].size() > 12) return row.cells[column];
   if (role == Qt::BackgroundRole && row.marked.test(column)) return kMarkColor;
   if (role == Qt::ForegroundRole) {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The 92 button records as the widget library holds them, a row each. Fields that change are marked
+// The button records as the widget library holds them, a row each. Fields that change are marked
 // until the marks are cleared.
 //
 //   ButtonModel model;
-//   model.Update([driver](std::int32_t key, LorimelButton* out) { return driver->button(key, out);
-//   }); model.ClearMarks();  // some time later
+//   model.Update(driver->button);
+//   model.ClearMarks();  // some time later
 #pragma once
 
 #include <QAbstractTableModel>
@@ -21,8 +21,6 @@ namespace vellomar_workbench {
 
 class ButtonModel : public QAbstractTableModel {
  public:
-  static constexpr std::int32_t kFirstKey = VELLOMAR_LORIMEL::kFirstKey;
-  static constexpr int kRows = 92;
   enum Column {
     kKey,
     kName,
@@ -39,7 +37,6 @@ class ButtonModel : public QAbstractTableModel {
     kObjectName,
     kColumns
   };
-  static constexpr int kMarkedRole = Qt::UserRole;  // bool: changed since the marks were cleared
 
   using Lookup = std::function<bool(std::int32_t key, LorimelButton* out)>;
 
@@ -65,7 +62,7 @@ class ButtonModel : public QAbstractTableModel {
 
   static Row Describe(std::int32_t key, const LorimelButton* button);
 
-  std::array<Row, kRows> rows_;
+  std::array<Row, VELLOMAR_LORIMEL::kKeyCount> rows_;
 };
 
 // Rows whose key, name or label contains the text.

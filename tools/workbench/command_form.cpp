@@ -30,9 +30,10 @@ QString Label(const Field& field) {
 
 }  // namespace
 
-CommandForm::CommandForm(Bench& bench, const vellomar_host::Command& command, QWidget* parent)
+CommandForm::CommandForm(WatchedPlugin& watched, const vellomar_host::Command& command,
+                         QWidget* parent)
     : QWidget(parent),
-      bench_(bench),
+      watched_(watched),
       model_(command),
       send_(new QPushButton(this)),
       result_(new QLabel(this)) {
@@ -163,7 +164,7 @@ void CommandForm::ShowFaults() {
 void CommandForm::Send() {
   if (!model_.IsValid()) return;
   result_->clear();
-  if (const auto fault = bench_.Send(model_.command(), model_.Arguments())) {
+  if (const auto fault = watched_.Send(model_.command(), model_.Arguments())) {
     ShowResult(QString::fromStdString(*fault), true);
   } else if (result_->text().isEmpty()) {
     ShowResult("sent", false);

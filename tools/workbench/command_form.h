@@ -2,7 +2,7 @@
 // A form for one command's arguments, made from its row in the command table, and the button that
 // sends it. What is wrong with a field stands below the field.
 //
-//   auto* form = new CommandForm(bench, *FindCommand("setCameraInfo"));
+//   auto* form = new CommandForm(watched, *FindCommand("setCameraInfo"));
 #pragma once
 
 #include <QLabel>
@@ -11,8 +11,8 @@
 #include <functional>
 #include <vector>
 
-#include "tools/workbench/bench.h"
 #include "tools/workbench/form_model.h"
+#include "tools/workbench/watched_plugin.h"
 
 class QFormLayout;
 
@@ -20,7 +20,8 @@ namespace vellomar_workbench {
 
 class CommandForm : public QWidget {
  public:
-  CommandForm(Bench& bench, const vellomar_host::Command& command, QWidget* parent = nullptr);
+  CommandForm(WatchedPlugin& watched, const vellomar_host::Command& command,
+              QWidget* parent = nullptr);
 
   // Shows these arguments.
   void Load(const nlohmann::json& arguments);
@@ -44,7 +45,7 @@ class CommandForm : public QWidget {
   void Changed(std::size_t index, nlohmann::json value);
   void ShowFaults();
 
-  Bench& bench_;
+  WatchedPlugin& watched_;
   FormModel model_;
   std::vector<Editor> editors_;
   QPushButton* send_;

@@ -8,9 +8,9 @@
 
 namespace vellomar_workbench {
 
-CommandPanel::CommandPanel(Bench& bench, QWidget* parent)
+CommandPanel::CommandPanel(WatchedPlugin& watched, QWidget* parent)
     : QWidget(parent),
-      bench_(bench),
+      watched_(watched),
       search_(new QLineEdit(this)),
       list_(new QListWidget(this)),
       area_(new QScrollArea(this)) {
@@ -39,7 +39,7 @@ CommandPanel::CommandPanel(Bench& bench, QWidget* parent)
   connect(search_, &QLineEdit::returnPressed, this, [this] { list_->setFocus(); });
   connect(list_, &QListWidget::currentTextChanged, this,
           [this](const QString& command) { ShowForm(command); });
-  bench_.AddEntryListener([this](const auto& entry) { OnEntry(entry); });
+  watched_.AddEntryListener([this](const auto& entry) { OnEntry(entry); });
   list_->setCurrentRow(0);
 }
 
@@ -78,7 +78,7 @@ void CommandPanel::ShowForm(const QString& name) {
   const std::string wanted = name.toStdString();
   const auto* command = vellomar_host::FindCommand(std::string_view(wanted));
   if (command == nullptr) return;
-  form_ = new CommandForm(bench_, *command, area_);
+  form_ = new CommandForm(watched_, *command, area_);
   area_->setWidget(form_);  // deletes the one before
   const auto last = last_.find(wanted);
   if (last != last_.end()) form_->Load(last->second);

@@ -2,7 +2,7 @@
 // The list of all commands, to search, and the form of the one that is chosen, filled with what was
 // sent last.
 //
-//   auto* panel = new CommandPanel(bench);
+//   auto* panel = new CommandPanel(watched);
 //   panel->Choose("setHostType");
 #pragma once
 
@@ -13,14 +13,14 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
-#include "tools/workbench/bench.h"
 #include "tools/workbench/command_form.h"
+#include "tools/workbench/watched_plugin.h"
 
 namespace vellomar_workbench {
 
 class CommandPanel : public QWidget {
  public:
-  explicit CommandPanel(Bench& bench, QWidget* parent = nullptr);
+  explicit CommandPanel(WatchedPlugin& watched, QWidget* parent = nullptr);
 
   void FocusSearch();
   void Choose(const QString& command);
@@ -33,7 +33,7 @@ class CommandPanel : public QWidget {
   void ShowForm(const QString& name);
   void OnEntry(const vellomar_host::TranscriptEntry& entry);
 
-  Bench& bench_;
+  WatchedPlugin& watched_;
   QLineEdit* search_;
   QListWidget* list_;
   QScrollArea* area_;

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "host/host_error.h"
-#include "host/scenario.h"
+#include "host/scenario/scenario.h"
 
 namespace vellomar_workbench {
 

@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "host/layout.h"
-#include "host/tables.h"
+#include "host/abi/layout.h"
+#include "host/abi/tables.h"
 
 namespace vellomar_workbench {
 

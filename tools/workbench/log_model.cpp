@@ -119,8 +119,6 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
   const Row& row = rows_[static_cast<std::size_t>(index.row())];
   if (role == kLevelRole) return row.level;
-  if (role == kDepthRole) return row.depth;
-  if (role == kIsScopeRole) return row.is_scope;
   if (role == Qt::ToolTipRole && index.column() == kText) return row.text;
   if (role == Qt::TextAlignmentRole && index.column() == kCost) return kRight;
   if (role == Qt::ForegroundRole) {

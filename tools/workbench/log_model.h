@@ -17,14 +17,14 @@
 #include <thread>
 #include <vector>
 
-#include "host/log_lines.h"
+#include "host/scenario/log_lines.h"
 
 namespace vellomar_workbench {
 
 class LogModel : public QAbstractTableModel {
  public:
   enum Column { kTime, kLevel, kText, kCost, kColumns };
-  enum Role { kLevelRole = Qt::UserRole, kDepthRole, kIsScopeRole };
+  static constexpr int kLevelRole = Qt::UserRole;
   static constexpr std::size_t kMostRows = 50'000;  // the oldest go, a tenth at a time
 
   using QAbstractTableModel::QAbstractTableModel;

@@ -18,9 +18,9 @@
 
 namespace {
 
-using vellomar_workbench::Bench;
 using vellomar_workbench::Fault;
 using vellomar_workbench::MainWindow;
+using vellomar_workbench::WatchedPlugin;
 
 enum ExitStatus { kOk = 0, kStepFailed = 1, kCannotRun = 2 };
 
@@ -55,7 +55,7 @@ int Say(const Fault& fault, int status) {
 }
 
 // Plays what is asked for, then takes the picture.
-int RunUnattended(Bench& bench, MainWindow& window, const Arguments& arguments) {
+int RunUnattended(WatchedPlugin& watched, MainWindow& window, const Arguments& arguments) {
   using namespace vellomar_workbench;  // NOLINT(google-build-using-namespace)
   window.run().SetUnattended(true);
   if (!arguments.preset.empty()) {
@@ -72,7 +72,7 @@ int RunUnattended(Bench& bench, MainWindow& window, const Arguments& arguments) 
   if (!arguments.save.empty()) {
     if (const Fault fault = window.SaveRecording(arguments.save)) return Say(fault, kCannotRun);
   }
-  if (const Fault fault = TakePicture(bench, window, arguments.screenshot))
+  if (const Fault fault = TakePicture(watched, window, arguments.screenshot))
     return Say(fault, kCannotRun);
   std::printf("%s\n", std::filesystem::absolute(arguments.screenshot).c_str());
   return kOk;
@@ -95,9 +95,9 @@ void ChoosePlatform() {
 
 int Run(const Arguments& arguments) {
   const bool unattended = !arguments.screenshot.empty();
-  Bench bench(vellomar_tools::FindLibrary("vellomar-lorimel"));
+  WatchedPlugin watched(vellomar_tools::FindLibrary("vellomar-lorimel"));
   MainWindow window(
-      bench,
+      watched,
       {.scenarios = vellomar_workbench::FindScenarioFolder(vellomar_tools::ExecutableFolder()),
        .settings = QString::fromStdString(arguments.settings),
        .language = QString::fromStdString(arguments.language)});
@@ -106,7 +106,7 @@ int Run(const Arguments& arguments) {
                                             ? vellomar_tools::FindLibrary("vellomar-controlbar")
                                             : std::filesystem::path(arguments.plugin));
   if (!unattended) return RunAttended(window, arguments);
-  return fault ? Say(fault, kCannotRun) : RunUnattended(bench, window, arguments);
+  return fault ? Say(fault, kCannotRun) : RunUnattended(watched, window, arguments);
 }
 
 }  // namespace

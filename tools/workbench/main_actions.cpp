@@ -52,8 +52,8 @@ void MainWindow::AddMenus() {
   for (const auto* dock : findChildren<QDockWidget*>()) view->addAction(dock->toggleViewAction());
   view->addSeparator();
   view->addAction("Clear notifications and log", this, [this] {
-    bench_.notifications().Clear();
-    bench_.log().Clear();
+    watched_.notifications().Clear();
+    watched_.log().Clear();
   });
 }
 
@@ -62,7 +62,7 @@ void MainWindow::AddFileMenu() {
   file->addAction("Load another plug-in...", QKeySequence("Ctrl+L"), this,
                   [this] { AskForPlugin(); });
   file->addAction("Load it again", QKeySequence("Ctrl+Shift+L"), this,
-                  [this] { LoadPlugin(bench_.plugin()); });
+                  [this] { LoadPlugin(watched_.plugin()); });
   file->addSeparator();
   file->addAction("Open a scenario...", QKeySequence("Ctrl+O"), this, [this] { AskForScenario(); });
   file->addAction("Save the recording...", QKeySequence("Ctrl+S"), this,
@@ -86,7 +86,7 @@ void MainWindow::AddPlayMenu() {
 }
 
 Fault MainWindow::LoadPlugin(const std::filesystem::path& file) {
-  Fault fault = bench_.Load(file);
+  Fault fault = watched_.Load(file);
   ShowFault(fault);
   if (!fault) settings_.setValue("plugin", QString::fromStdString(file.string()));
   return fault;
@@ -116,7 +116,7 @@ Fault MainWindow::StartMeeting(const QString& preset) {
 
 Fault MainWindow::SaveRecording(const std::filesystem::path& file) {
   std::ofstream out(file);
-  out << bench_.recorder().Scenario(file.stem().string());
+  out << watched_.recorder().Scenario(file.stem().string());
   out.close();
   Fault fault = out ? Fault() : Fault("cannot write \"" + file.string() + "\"");
   scenario_->ShowFault(QString::fromStdString(fault.value_or("")));
@@ -125,7 +125,7 @@ Fault MainWindow::SaveRecording(const std::filesystem::path& file) {
 
 void MainWindow::AskForPlugin() {
   const QString file = QFileDialog::getOpenFileName(
-      this, "Load a plug-in", QFileInfo(QString::fromStdString(bench_.plugin().string())).path(),
+      this, "Load a plug-in", QFileInfo(QString::fromStdString(watched_.plugin().string())).path(),
       "Libraries (*.so *.dll);;All files (*)");
   if (!file.isEmpty()) LoadPlugin(ToPath(file));
 }
@@ -156,12 +156,12 @@ void MainWindow::ChooseLanguage(const QString& language) {
   const int index = language_->findText(language);
   if (index < 0) return ShowFault("there are no texts in \"" + language.toStdString() + "\"");
   language_->setCurrentIndex(index);
-  if (bench_.bar_exists()) SendLanguage();
+  if (watched_.bar_exists()) SendLanguage();
 }
 
 void MainWindow::SendLanguage() {
   try {
-    ShowFault(bench_.SendTexts(ReadTexts(*scenarios_, language().toStdString())));
+    ShowFault(watched_.SendTexts(ReadTexts(*scenarios_, language().toStdString())));
   } catch (const vellomar_host::HostError& error) {
     ShowFault(error.what());
   }
@@ -186,14 +186,14 @@ void MainWindow::ShowFault(const Fault& fault) {
 }
 
 void MainWindow::UpdateState() {
-  const bool loaded = bench_.session() != nullptr;
-  const QString plugin = ShortPath(bench_.plugin());
-  state_->setText(
-      !loaded ? QString("No plug-in is loaded.")
-              : plugin + (bench_.bar_exists() ? "  -  the bar is shown" : "  -  there is no bar"));
-  log_missing_->setVisible(loaded && !bench_.observes_log());
+  const bool loaded = watched_.session() != nullptr;
+  const QString plugin = ShortPath(watched_.plugin());
+  state_->setText(!loaded ? QString("No plug-in is loaded.")
+                          : plugin + (watched_.bar_exists() ? "  -  the bar is shown"
+                                                            : "  -  there is no bar"));
+  log_missing_->setVisible(loaded && !watched_.observes_log());
   scenario_->ShowRecording();
-  if (bench_.buttons().HasMarks() && !marks_.isActive()) marks_.start();
+  if (watched_.buttons().HasMarks() && !marks_.isActive()) marks_.start();
 }
 
 void MainWindow::RestoreLayout() {

@@ -21,9 +21,9 @@ constexpr QSize kFirstSize(1280, 800);
 
 }  // namespace
 
-MainWindow::MainWindow(Bench& bench, const WindowOptions& options)
-    : bench_(bench),
-      run_(bench),
+MainWindow::MainWindow(WatchedPlugin& watched, const WindowOptions& options)
+    : watched_(watched),
+      run_(watched),
       scenarios_(options.scenarios),
       settings_(options.settings.isEmpty() ? QSettings().fileName() : options.settings,
                 QSettings::IniFormat) {
@@ -37,8 +37,8 @@ MainWindow::MainWindow(Bench& bench, const WindowOptions& options)
   statusBar()->addWidget(state_, 1);
   marks_.setSingleShot(true);
   marks_.setInterval(kMarksForMs);
-  connect(&marks_, &QTimer::timeout, this, [this] { bench_.buttons().ClearMarks(); });
-  bench_.on_state_changed = [this] { UpdateState(); };
+  connect(&marks_, &QTimer::timeout, this, [this] { watched_.buttons().ClearMarks(); });
+  watched_.on_state_changed = [this] { UpdateState(); };
   run_.on_changed = [this] { scenario_->ShowRun(); };
   run_.on_finished = [this](const Fault& fault) {
     scenario_->ShowFault(QString::fromStdString(fault.value_or("")));
@@ -69,7 +69,7 @@ QWidget* MainWindow::MakeFaultStrip() {
 }
 
 QWidget* MainWindow::MakeCenter() {
-  button_filter_.setSourceModel(&bench_.buttons());
+  button_filter_.setSourceModel(&watched_.buttons());
   buttons_ = new TablePanel(button_filter_, "Filter buttons by name, key or label", this);
   buttons_->on_filter = [this](const QString& text) { button_filter_.SetText(text); };
   PrepareTable(buttons_->table(), -1);
@@ -87,13 +87,13 @@ QWidget* MainWindow::MakeCenter() {
 QWidget* MainWindow::MakeLists() {
   auto* tabs = new QTabWidget(this);
   const auto add = [&](std::string_view name, const QString& title) {
-    auto* form = new CommandForm(bench_, *vellomar_host::FindCommand(name), tabs);
+    auto* form = new CommandForm(watched_, *vellomar_host::FindCommand(name), tabs);
     auto* area = new QScrollArea(tabs);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(form);
     tabs->addTab(area, title);
-    bench_.AddEntryListener([form](const vellomar_host::TranscriptEntry& entry) {
+    watched_.AddEntryListener([form](const vellomar_host::TranscriptEntry& entry) {
       if (entry.kind == "send" && entry.subject == form->command().name) form->Load(entry.details);
     });
   };
@@ -104,7 +104,7 @@ QWidget* MainWindow::MakeLists() {
 }
 
 TablePanel* MainWindow::MakeNotifications() {
-  notification_filter_.setSourceModel(&bench_.notifications());
+  notification_filter_.setSourceModel(&watched_.notifications());
   notification_filter_.setFilterKeyColumn(-1);
   notification_filter_.setFilterCaseSensitivity(Qt::CaseInsensitive);
   notifications_ = new TablePanel(notification_filter_, "Filter notifications", this);
@@ -118,7 +118,7 @@ TablePanel* MainWindow::MakeNotifications() {
 }
 
 TablePanel* MainWindow::MakeLog() {
-  log_filter_.setSourceModel(&bench_.log());
+  log_filter_.setSourceModel(&watched_.log());
   log_ = new TablePanel(log_filter_, "Filter the plug-in's log", this);
   log_->on_filter = [this](const QString& text) { log_filter_.SetText(text); };
   PrepareTable(log_->table(), LogModel::kText);
@@ -151,8 +151,8 @@ void MainWindow::AddDocks() {
   setDockNestingEnabled(true);
   setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
   setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
-  commands_ = new CommandPanel(bench_, this);
-  scenario_ = new ScenarioPanel(bench_, run_, this);
+  commands_ = new CommandPanel(watched_, this);
+  scenario_ = new ScenarioPanel(watched_, run_, this);
   scenario_->on_open = [this] { AskForScenario(); };
   scenario_->on_save = [this] { AskForSaving(); };
   auto* commands = AddDock("Commands", commands_, Qt::LeftDockWidgetArea);

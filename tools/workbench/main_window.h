@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The workbench's window: docks around the table of button records, and what the menus do.
 //
-//   MainWindow window(bench, {.scenarios = folder, .settings = "workbench.ini"});
+//   MainWindow window(watched, {.scenarios = folder, .settings = "workbench.ini"});
 //   window.show();
 //   window.StartMeeting("host");
 #pragma once
@@ -18,12 +18,12 @@
 #include <string>
 #include <vector>
 
-#include "tools/workbench/bench.h"
 #include "tools/workbench/command_panel.h"
 #include "tools/workbench/content.h"
 #include "tools/workbench/scenario_panel.h"
 #include "tools/workbench/scenario_run.h"
 #include "tools/workbench/table_panel.h"
+#include "tools/workbench/watched_plugin.h"
 
 namespace vellomar_workbench {
 
@@ -35,9 +35,9 @@ struct WindowOptions {
 
 class MainWindow : public QMainWindow {
  public:
-  MainWindow(Bench& bench, const WindowOptions& options);
+  MainWindow(WatchedPlugin& watched, const WindowOptions& options);
 
-  // Errors are shown in the window and answered as well.
+  // Errors are shown in the window and returned as well.
   Fault LoadPlugin(const std::filesystem::path& file);
   Fault OpenScenario(const std::filesystem::path& file);
   Fault StartMeeting(const QString& preset);
@@ -81,7 +81,7 @@ class MainWindow : public QMainWindow {
   void RestoreLayout();
   void SaveLayout();
 
-  Bench& bench_;
+  WatchedPlugin& watched_;
   ScenarioRun run_;
   std::optional<std::filesystem::path> scenarios_;
   QSettings settings_;

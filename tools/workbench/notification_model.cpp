@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <array>
 
-#include "host/payload.h"
+#include "host/abi/payload.h"
 #include "tools/workbench/values.h"
 
 namespace vellomar_workbench {

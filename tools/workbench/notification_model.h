@@ -9,7 +9,7 @@
 #include <QString>
 #include <deque>
 
-#include "host/transcript.h"
+#include "host/scenario/transcript.h"
 
 namespace vellomar_workbench {
 

@@ -13,7 +13,7 @@
 #include <QTimer>
 #include <atomic>
 
-#include "host/event_loop.h"
+#include "host/loop/event_loop.h"
 #include "vellomar_dev/lorimel_driver.h"
 
 namespace vellomar_workbench {

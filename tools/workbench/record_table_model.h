@@ -11,7 +11,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
-#include "host/layout.h"
+#include "host/abi/layout.h"
 
 namespace vellomar_workbench {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/workbench/recorder.h"
 
-#include "host/tables.h"
+#include "host/abi/tables.h"
 
 namespace vellomar_workbench {
 

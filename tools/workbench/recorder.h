@@ -17,7 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "host/transcript.h"
+#include "host/scenario/transcript.h"
 
 namespace vellomar_workbench {
 

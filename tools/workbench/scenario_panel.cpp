@@ -21,9 +21,9 @@ constexpr std::array kSpeeds = {Speed{"at once", 0}, Speed{"0.3 s a step", 300},
 
 }  // namespace
 
-ScenarioPanel::ScenarioPanel(Bench& bench, ScenarioRun& run, QWidget* parent)
+ScenarioPanel::ScenarioPanel(WatchedPlugin& watched, ScenarioRun& run, QWidget* parent)
     : QWidget(parent),
-      bench_(bench),
+      watched_(watched),
       run_(run),
       title_(new QLabel(this)),
       steps_(new QTableView(this)),
@@ -89,10 +89,10 @@ QWidget* ScenarioPanel::MakeRecording() {
   with_results_ = new QCheckBox("with answers and notifications", this);
   with_results_->setToolTip("Record what comes of each step too, to be checked when it is played");
   connect(with_results_, &QCheckBox::toggled, this,
-          [this](bool on) { bench_.recorder().SetWithResults(on); });
+          [this](bool on) { watched_.recorder().SetWithResults(on); });
   save_ = MakeButton("Save...", "Save what was done as a scenario (Ctrl+S)", [this] { on_save(); });
   auto* clear = MakeButton("Forget", "Begin a new recording here", [this] {
-    bench_.recorder().Clear();
+    watched_.recorder().Clear();
     ShowRecording();
   });
   layout->addWidget(recorded_);
@@ -120,7 +120,7 @@ void ScenarioPanel::ShowRun() {
 }
 
 void ScenarioPanel::ShowRecording() {
-  const auto count = bench_.recorder().size();
+  const auto count = watched_.recorder().size();
   recorded_->setText(count == 0   ? QString("Nothing is recorded yet.")
                      : count == 1 ? QString("1 step is recorded.")
                                   : QString("%1 steps are recorded.").arg(count));

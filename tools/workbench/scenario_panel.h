@@ -2,7 +2,7 @@
 // A scenario's steps with what became of each, the buttons to play them, and the recording of what
 // was done, to save.
 //
-//   auto* panel = new ScenarioPanel(bench, run);
+//   auto* panel = new ScenarioPanel(watched, run);
 #pragma once
 
 #include <QCheckBox>
@@ -18,7 +18,7 @@ namespace vellomar_workbench {
 
 class ScenarioPanel : public QWidget {
  public:
-  ScenarioPanel(Bench& bench, ScenarioRun& run, QWidget* parent = nullptr);
+  ScenarioPanel(WatchedPlugin& watched, ScenarioRun& run, QWidget* parent = nullptr);
 
   void ShowFault(const QString& text);  // empty: none
   void SetSpeed(int index) { speed_->setCurrentIndex(index); }
@@ -38,7 +38,7 @@ class ScenarioPanel : public QWidget {
   QPushButton* MakeButton(const QString& text, const QString& hint,
                           const std::function<void()>& clicked);
 
-  Bench& bench_;
+  WatchedPlugin& watched_;
   ScenarioRun& run_;
   QLabel* title_;
   QTableView* steps_;

@@ -45,7 +45,7 @@ std::vector<std::pair<int, std::string>> Describe(const vellomar_host::Scenario&
 
 }  // namespace
 
-ScenarioRun::ScenarioRun(Bench& bench) : bench_(bench) {
+ScenarioRun::ScenarioRun(WatchedPlugin& watched) : watched_(watched) {
   options_.has_display = true;
   for (QTimer* timer : {&next_timer_, &look_timer_, &deadline_}) timer->setSingleShot(true);
   QObject::connect(&next_timer_, &QTimer::timeout, &next_timer_, [this] { DoNext(); });
@@ -54,7 +54,7 @@ ScenarioRun::ScenarioRun(Bench& bench) : bench_(bench) {
     LookForNotification();
     if (awaited_ != nullptr) StepFailed(vellomar_host::MissingNotification(*awaited_));
   });
-  bench_.AddEntryListener([this](const vellomar_host::TranscriptEntry& entry) {
+  watched_.AddEntryListener([this](const vellomar_host::TranscriptEntry& entry) {
     const bool concerns = entry.kind == "notify" || entry.kind == "stop";
     if (concerns && awaited_ != nullptr) look_timer_.start(0);
   });
@@ -87,18 +87,18 @@ Fault ScenarioRun::Begin() {
   player_.reset();
   steps_.Reset();
   next_ = 0;
-  if (auto fault = bench_.Restart()) return fault;
+  if (auto fault = watched_.Restart()) return fault;
   for (const auto& step : scenario_->steps) {
-    if (bench_.session()->driver() == nullptr && NeedsDriver(step)) {
+    if (watched_.session()->driver() == nullptr && NeedsDriver(step)) {
       return fmt::format(
           "{}:{}: the step acts on the widgets, and the widget library has no driver",
           scenario_->file, step.line);
     }
   }
-  bench_.SetParticipantAnswers(scenario_->participant_answers);
-  generation_ = bench_.generation();
-  player_ =
-      std::make_unique<vellomar_host::StepPlayer>(*bench_.session(), options_, bench_.transcript());
+  watched_.SetParticipantAnswers(scenario_->participant_answers);
+  generation_ = watched_.generation();
+  player_ = std::make_unique<vellomar_host::StepPlayer>(*watched_.session(), options_,
+                                                        watched_.transcript());
   Changed();
   return std::nullopt;
 }
@@ -130,7 +130,7 @@ void ScenarioRun::DoNext() {
   if (in_step_ || !scenario_ || awaited_ != nullptr) return;
   const bool playing = is_playing_;
   // A plug-in that was loaded anew knows nothing of the steps so far.
-  if (player_ == nullptr || generation_ != bench_.generation() || IsOver()) {
+  if (player_ == nullptr || generation_ != watched_.generation() || IsOver()) {
     if (auto fault = Begin()) return Finish(fault);
     is_playing_ = playing;
   }
@@ -169,7 +169,7 @@ void ScenarioRun::Do(const vellomar_host::Step& step) {
 
 void ScenarioRun::LookForNotification() {
   if (awaited_ == nullptr || in_step_) return;
-  if (generation_ != bench_.generation()) return StepFailed("the plug-in was unloaded");
+  if (generation_ != watched_.generation()) return StepFailed("the plug-in was unloaded");
   if (!player_->Consume(*awaited_)) return;
   awaited_ = nullptr;
   deadline_.stop();

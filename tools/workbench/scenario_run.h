@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Plays a scenario on the bench, step by step or one step after the other. While a step waits for a
-// notification, Qt's loop runs on.
+// Plays a scenario on a watched plug-in, step by step or one step after the other. While a step
+// waits for a notification, Qt's loop runs on.
 //
-//   ScenarioRun run(bench);
+//   ScenarioRun run(watched);
 //   if (auto fault = run.Open("scenarios/first-share.json")) ShowFault(*fault);
 //   run.on_finished = [](const Fault& fault) { ... };
 //   run.Play();
@@ -14,16 +14,16 @@
 #include <optional>
 #include <string>
 
-#include "host/player.h"
-#include "host/scenario.h"
-#include "tools/workbench/bench.h"
+#include "host/scenario/player.h"
+#include "host/scenario/scenario.h"
 #include "tools/workbench/step_model.h"
+#include "tools/workbench/watched_plugin.h"
 
 namespace vellomar_workbench {
 
 class ScenarioRun {
  public:
-  explicit ScenarioRun(Bench& bench);
+  explicit ScenarioRun(WatchedPlugin& watched);
   Q_DISABLE_COPY_MOVE(ScenarioRun)
   ~ScenarioRun() = default;
 
@@ -64,12 +64,12 @@ class ScenarioRun {
   void Finish(const Fault& fault);
   void Changed() const;
 
-  Bench& bench_;
+  WatchedPlugin& watched_;
   std::optional<vellomar_host::Scenario> scenario_;
   std::string title_;
   vellomar_host::PlayOptions options_;
   std::unique_ptr<vellomar_host::StepPlayer> player_;  // while the scenario is under way
-  unsigned generation_ = 0;                            // of the bench, when it was begun
+  unsigned generation_ = 0;                            // of the plug-in, when it was begun
 
   StepModel steps_;
   std::size_t next_ = 0;

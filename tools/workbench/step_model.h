@@ -25,7 +25,6 @@ class StepModel : public QAbstractTableModel {
   void SetSteps(const std::vector<std::pair<int, std::string>>& steps);
   void Reset();
   void SetState(std::size_t step, State state, const std::string& message = "");
-  State StateOf(std::size_t step) const { return rows_[step].state; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

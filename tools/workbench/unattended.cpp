@@ -24,12 +24,12 @@ Fault WaitForEnd(ScenarioRun& run) {
   return result;
 }
 
-Fault TakePicture(Bench& bench, QWidget& window, const std::filesystem::path& file) {
+Fault TakePicture(WatchedPlugin& watched, QWidget& window, const std::filesystem::path& file) {
   constexpr auto kRestWithin = std::chrono::seconds(10);
-  if (vellomar_host::Session* session = bench.session()) {
+  if (vellomar_host::Session* session = watched.session()) {
     session->loop().RunUntilIdle(vellomar_host::EventLoop::Clock::now() + kRestWithin);
   }
-  bench.Refresh();
+  watched.Refresh();
   std::error_code error;
   if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), error);
   QCoreApplication::processEvents();

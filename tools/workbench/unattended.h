@@ -3,7 +3,7 @@
 //
 //   window.run().Play();
 //   if (auto fault = WaitForEnd(window.run())) ...
-//   TakePicture(bench, window, "workbench.png");
+//   TakePicture(watched, window, "workbench.png");
 #pragma once
 
 #include <filesystem>
@@ -19,6 +19,6 @@ Fault WaitForEnd(ScenarioRun& run);
 
 // A PNG of the window, as large as it is, when what was posted is done. Missing folders are
 // created.
-Fault TakePicture(Bench& bench, QWidget& window, const std::filesystem::path& file);
+Fault TakePicture(WatchedPlugin& watched, QWidget& window, const std::filesystem::path& file);
 
 }  // namespace vellomar_workbench

@@ -7,9 +7,9 @@
 #include <QStringList>
 #include <charconv>
 
+#include "host/abi/keys.h"
+#include "host/abi/payload.h"
 #include "host/host_error.h"
-#include "host/keys.h"
-#include "host/payload.h"
 #include "vellomar/lorimel.h"
 
 namespace vellomar_workbench {

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "host/layout.h"
+#include "host/abi/layout.h"
 
 namespace vellomar_workbench {
 

@@ -14,13 +14,13 @@
 extern "C" {
 #endif
 
-/* Told of every line given to VellomarLogWrite, whatever the lowest level is and whether or not a
- * log is open. The texts are never null and belong to the caller. The observer must not write to
+/* Called for every line given to VellomarLogWrite, whatever the lowest level is and whether or not
+ * a log is open. The texts are never null and belong to the caller. The observer must not write to
  * the log. [the thread that writes] */
 typedef void VELLOMAR_ABI VellomarLogObserver(void* context, const char* module, int level,
                                               const char* text);
 
-/* One observer at most; null removes it. When it returns, the former one is not called any more.
+/* One observer at most; null removes it. Once it returns, the former one is not called again.
  * [any thread, not from inside an observer] */
 VELLOMAR_LOG_API void VELLOMAR_ABI VellomarLogObserve(VellomarLogObserver* observer, void* context);
 

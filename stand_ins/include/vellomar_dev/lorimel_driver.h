@@ -45,14 +45,15 @@ typedef struct LorimelButton {
   int32_t groupValue;
 } LorimelButton;
 
-/* Told of every call that the plug-in makes: the member's name and, for SetEventKey, the record
+/* Called for every call that the plug-in makes: the member's name and, for SetEventKey, the record
  * (else null). [loop thread] */
 typedef void VELLOMAR_ABI LorimelObserver(void* context, const char* member,
                                           const LorimelButton* record);
 
-/* Told of what the user does with mouse and keyboard, before the plug-in is told: in the driver's
- * own words "press", "open", "pick", "closeList" or "closeBar", the key, and for "pick" the value
- * text of the row (else null). What the driver does is not told. [UI thread] */
+/* Called for what the user does with mouse and keyboard, before the plug-in learns of it, in the
+ * driver's own words: "press", "open", "pick", "closeList" or "closeBar", with the key and, for
+ * "pick", the value text of the row (else null). Not called for what the driver does. [UI thread]
+ */
 typedef void VELLOMAR_ABI LorimelUserObserver(void* context, const char* action, int32_t key,
                                               const char* valueText);
 
@@ -71,8 +72,8 @@ typedef struct LorimelDriver {
   /* Presses the button. False where a user could not: no bar, hidden, disabled, unknown. The button
    * turns its "on" bit first where it is one that toggles, as the library does for a user. */
   bool(VELLOMAR_ABI* press)(int32_t key);
-  /* Opens the button's drop-down window, asking the plug-in for its rows; answers their number, -1
-   * where a user could not open it. Takes the key of the button or of the window. */
+  /* Opens the button's drop-down window, asking the plug-in for its rows, and returns their number;
+   * -1 where a user could not open it. Takes the key of the button or of the window. */
   int32_t(VELLOMAR_ABI* open)(int32_t key);
   /* Picks a row of the open window: the first with this key and, unless null, this value text. */
   bool(VELLOMAR_ABI* pick)(int32_t key, const char* valueText);
@@ -85,7 +86,6 @@ typedef struct LorimelDriver {
   bool(VELLOMAR_ABI* button)(int32_t key, LorimelButton* out);
   int32_t(VELLOMAR_ABI* rowCount)(void);
   bool(VELLOMAR_ABI* row)(int32_t index, LorimelButton* out);
-  bool(VELLOMAR_ABI* barVisible)(void);
 
   /* From now on the member of Lorimel (its name, not null) does nothing and answers false or 0, as a
    * library that fails, or obeys again. The callbacks of what is there already go on. */

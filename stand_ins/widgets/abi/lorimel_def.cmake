@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Writes vellomar-lorimel.def anew from vellomar/lorimel.h, or says that it is stale.
 #
 #     cmake -P stand_ins/widgets/abi/lorimel_def.cmake            writes it
@@ -35,7 +36,8 @@ endfunction()
 member_names(i686-w64-windows-gnu ours)
 member_names(i686-pc-windows-msvc theirs)
 
-set(text "; Made from vellomar/lorimel.h by lorimel_def.cmake. On the left the name that MinGW gives a member
+set(text "; SPDX-License-Identifier: MIT
+; Made from vellomar/lorimel.h by lorimel_def.cmake. On the left the name that MinGW gives a member
 ; of Lorimel, on the right the one that stands in the library: that of the Microsoft C++ ABI.
 LIBRARY \"vellomar-lorimel.dll\"
 EXPORTS

@@ -9,7 +9,7 @@
 
 #include "model/library.h"
 
-namespace vellomar_widgets {
+namespace vellomar_widgets::headless {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
@@ -103,16 +103,15 @@ void Wake() {
 }
 
 }  // namespace
+}  // namespace vellomar_widgets::headless
 
-Model* CurrentModel(const char* /*caller*/) {
-  return &TheHeadless().model;
+vellomar_widgets::Model* vellomar_widgets::CurrentModel(const char* /*caller*/) {
+  return &headless::TheHeadless().model;
 }
 
-}  // namespace vellomar_widgets
-
 const LorimelDriver* LorimelGetDriver() {
+  using namespace vellomar_widgets;
   static const LorimelDriver driver =
-      vellomar_widgets::ModelDriver("headless", vellomar_widgets::Pump, vellomar_widgets::Wake,
-                                    [](const char*) { return false; });
+      ModelDriver("headless", headless::Pump, headless::Wake, [](const char*) { return false; });
   return &driver;
 }

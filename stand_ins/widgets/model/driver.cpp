@@ -84,11 +84,6 @@ bool Row(std::int32_t index, LorimelButton* out) {
   return true;
 }
 
-bool BarVisible() {
-  const Model* model = CurrentModel("barVisible");
-  return model != nullptr && model->IsBarVisible();
-}
-
 void Refuse(const char* member, bool refused) {
   if (refused) {
     g_refused.emplace(member);
@@ -117,7 +112,6 @@ LorimelDriver ModelDriver(const char* name, void (*pump)(std::int32_t max_ms), v
   driver.button = Button;
   driver.rowCount = RowCount;
   driver.row = Row;
-  driver.barVisible = BarVisible;
   driver.refuse = Refuse;
   driver.screenshot = screenshot;
   return driver;

@@ -101,7 +101,6 @@ class Model {
   const OwnedButton* Record(VELLOMAR_LORIMEL::EventKey key) const;
   const List* OpenList() const { return list_ ? &*list_ : nullptr; }
   const Bubble* OpenBubble() const { return bubble_ ? &*bubble_ : nullptr; }
-  bool HasBar() const { return bar_ != nullptr; }
   bool IsBarVisible() const { return bar_visible_; }
   bool IsSketchBarVisible() const { return sketch_bar_ == SketchBar::kVisible; }
   // Whether it is on a visible bar.

@@ -19,7 +19,7 @@
 
 #include "qt/ui.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 Ui* g_ui = nullptr;
@@ -161,4 +161,4 @@ void WakePump() {
   }
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

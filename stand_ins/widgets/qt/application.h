@@ -8,7 +8,7 @@
 
 #include <cstdint>
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class Ui;
 
@@ -22,4 +22,4 @@ void Pump(std::int32_t max_ms);
 // [any thread]
 void WakePump();
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

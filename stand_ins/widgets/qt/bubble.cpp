@@ -16,7 +16,7 @@
 #include "qt/look/screen.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 constexpr int kArrow = 7;
@@ -113,7 +113,7 @@ class CloseButton : public QPushButton {
 BubbleWindow::BubbleWindow(const BubbleContent& content)
     : QWidget(nullptr, content.is_question ? FloatingWindow()
                                            : FloatingWindow() | Qt::WindowDoesNotAcceptFocus),
-      has_close_(content.is_question || content.time.stays),
+      has_close_(content.is_question || content.stays),
       is_warning_(content.is_warning) {
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_ShowWithoutActivating, !content.is_question);
@@ -170,7 +170,7 @@ void BubbleWindow::AddClose(const BubbleContent& content, QBoxLayout& row) {
     auto* timer = new QTimer(this);
     timer->setSingleShot(true);
     QObject::connect(timer, &QTimer::timeout, this, [this] { on_closed(); });
-    timer->start(content.time.life_ms);
+    timer->start(content.life_ms);
   }
 }
 
@@ -241,4 +241,4 @@ void BubbleWindow::paintEvent(QPaintEvent* /*event*/) {
   painter.drawPath(outline.united(arrow));
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

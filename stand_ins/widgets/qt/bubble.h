@@ -13,13 +13,7 @@
 class QBoxLayout;
 class QPushButton;
 
-namespace lorimel_qt {
-
-// What may come with a hint.
-struct BubbleTime {
-  bool stays = false;   // until the user closes it
-  int life_ms = 5'000;  // else
-};
+namespace vellomar_widgets::qt {
 
 struct BubbleContent {
   QString title{};    // a person's name or a question's title; empty: none
@@ -29,7 +23,8 @@ struct BubbleContent {
   QString avatar_path{};     // no picture there: the person's initial
   bool is_question = false;  // the bubble stays until it is answered
   bool is_warning = false;
-  BubbleTime time{};
+  bool stays = false;  // until the user closes it
+  int life_ms = 0;     // else
 };
 
 class BubbleWindow : public QWidget {
@@ -62,4 +57,4 @@ class BubbleWindow : public QWidget {
   int arrow_x_ = 0;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -5,7 +5,7 @@
 #include "qt/screenshot.h"
 #include "qt/ui.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 bool Screenshot(const char* path) {
@@ -14,15 +14,15 @@ bool Screenshot(const char* path) {
 }
 
 }  // namespace
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt
 
 vellomar_widgets::Model* vellomar_widgets::CurrentModel(const char* caller) {
-  lorimel_qt::Ui* ui = lorimel_qt::CurrentUi(caller);
+  qt::Ui* ui = qt::CurrentUi(caller);
   return ui != nullptr ? &ui->model : nullptr;
 }
 
 const LorimelDriver* LorimelGetDriver() {
-  static const LorimelDriver driver = vellomar_widgets::ModelDriver(
-      "qt", lorimel_qt::Pump, lorimel_qt::WakePump, lorimel_qt::Screenshot);
+  using namespace vellomar_widgets;
+  static const LorimelDriver driver = ModelDriver("qt", qt::Pump, qt::WakePump, qt::Screenshot);
   return &driver;
 }

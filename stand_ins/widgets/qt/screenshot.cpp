@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QWidget>
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 constexpr int kMargin = 24;
@@ -54,4 +54,4 @@ bool SaveScreenshot(const std::vector<QWidget*>& windows, const QString& path) {
   return image.save(path, "PNG");
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

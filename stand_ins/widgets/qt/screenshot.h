@@ -9,9 +9,9 @@
 
 class QWidget;
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 // False where there are no windows or the file cannot be written.
 bool SaveScreenshot(const std::vector<QWidget*>& windows, const QString& path);
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -11,12 +11,10 @@
 #include "qt/look/screen.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
-using vellomar_widgets::ObserveUser;
-using vellomar_widgets::Rectangle;
 
 constexpr int kSketchBarDistance = 8;
 
@@ -53,13 +51,11 @@ Ui::~Ui() {
   }
 }
 
-BarWindow* Ui::MakeBarWindow(std::span<const vellomar_widgets::ButtonSpec> specs,
-                             BarWindow::Kind kind) {
+BarWindow* Ui::MakeBarWindow(std::span<const ButtonSpec> specs, BarWindow::Kind kind) {
   auto* bar = new BarWindow(specs, Home(), kind);
   bar->on_escape = [this] { model.CloseBubble(); };
   bar->on_press = [this](EventKey key) {
-    if (model.CanUse(key) &&
-        (vellomar_widgets::SpecOf(key) != nullptr || key == EventKey::InfoText)) {
+    if (model.CanUse(key) && (SpecOf(key) != nullptr || key == EventKey::InfoText)) {
       ObserveUser("press", key);
       model.Press(key);
     }
@@ -79,8 +75,8 @@ QRect Ui::Home() const {
   return DisplayArea(DisplayPixels(request.x, request.y, request.width, request.height));
 }
 
-vellomar_widgets::Window Ui::MakeBar() {
-  bar_ = MakeBarWindow(vellomar_widgets::MainButtons(), BarWindow::kWithInfoLine);
+Window Ui::MakeBar() {
+  bar_ = MakeBarWindow(MainButtons(), BarWindow::kWithInfoLine);
   bar_->setWindowTitle(style::Label(model.Request().title));
   bar_->on_drag_start = [this] {
     model.CloseList();
@@ -116,7 +112,7 @@ void Ui::CloseBar() {
 
 void Ui::ShowSketchBar(bool show) {
   if (sketch_bar_ == nullptr) {
-    sketch_bar_ = MakeBarWindow(vellomar_widgets::SketchButtons(), BarWindow::kButtonsOnly);
+    sketch_bar_ = MakeBarWindow(SketchButtons(), BarWindow::kButtonsOnly);
     sketch_bar_->on_drag_start = [this] { model.CloseList(); };
     sketch_bar_->on_drag_end = [] {};
     sketch_bar_->on_close = [this] { model.CloseSketchBar(); };
@@ -196,7 +192,7 @@ BarWindow* Ui::BarWith(EventKey key) const {
   if (!model.IsShown(key)) {
     return nullptr;
   }
-  return vellomar_widgets::IsOnSketchBar(key) ? sketch_bar_ : bar_;
+  return IsOnSketchBar(key) ? sketch_bar_ : bar_;
 }
 
 std::optional<Rectangle> Ui::AreaOf(EventKey key) const {
@@ -226,7 +222,7 @@ std::vector<QWidget*> Ui::Windows() const {
   return windows;
 }
 
-vellomar_widgets::Window Ui::Register(QWidget& window) {
+Window Ui::Register(QWidget& window) {
   handles_.insert(&window);
   return {&window, PixelsOf(window.geometry()), std::uint64_t{window.winId()}};
 }
@@ -239,4 +235,4 @@ void Ui::Discard(QWidget* window) {
   }
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -18,26 +18,26 @@
 #include "qt/bubble.h"
 #include "qt/list/list_window.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
-class Ui final : public vellomar_widgets::View {
+class Ui final : public View {
  public:
   Ui();
   ~Ui();
   Q_DISABLE_COPY_MOVE(Ui)
 
-  vellomar_widgets::Model model{*this};
+  Model model{*this};
 
   // Those on the screen, from the lowest to the topmost.
   std::vector<QWidget*> Windows() const;
 
-  vellomar_widgets::Window MakeBar() override;
+  Window MakeBar() override;
   void ShowBar(bool show) override { bar_->setVisible(show); }
   void CloseBar() override;
   void ShowSketchBar(bool show) override;
   void CloseSketchBar() override;
   void RefreshBars() override;
-  vellomar_widgets::Window MakeList() override;
+  Window MakeList() override;
   void RefreshList() override;
   void CloseList() override;
   void RefreshListSoon() override { list_timer_.start(0); }
@@ -45,14 +45,13 @@ class Ui final : public vellomar_widgets::View {
   void CloseBubble() override;
   void StartClock(std::uint64_t seconds) override;
   void SetMicVolume(int percent) override { bar_->SetMicVolume(percent); }
-  std::optional<vellomar_widgets::Rectangle> AreaOf(VELLOMAR_LORIMEL::EventKey key) const override;
-  vellomar_widgets::Rectangle ListArea() const override;
+  std::optional<Rectangle> AreaOf(VELLOMAR_LORIMEL::EventKey key) const override;
+  Rectangle ListArea() const override;
   std::uint64_t NativeHandle(void* handle) const override;
 
  private:
   // Bars.
-  BarWindow* MakeBarWindow(std::span<const vellomar_widgets::ButtonSpec> specs,
-                           BarWindow::Kind kind);
+  BarWindow* MakeBarWindow(std::span<const ButtonSpec> specs, BarWindow::Kind kind);
   BarWindow* BarWith(VELLOMAR_LORIMEL::EventKey key) const;
   void UpdateClock();
   void PlaceSketchBar();
@@ -69,7 +68,7 @@ class Ui final : public vellomar_widgets::View {
   // The user leaves a list or a question with the keyboard.
   void BackToBar(VELLOMAR_LORIMEL::EventKey opener);
 
-  vellomar_widgets::Window Register(QWidget& window);
+  Window Register(QWidget& window);
   // Takes the window out of the registry and deletes it as soon as nobody is in it.
   void Discard(QWidget* window);
 
@@ -89,4 +88,4 @@ class Ui final : public vellomar_widgets::View {
   QTimer list_timer_;  // gathers the changes of many records
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -9,15 +9,14 @@
 #include "qt/look/style.h"
 #include "qt/ui.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
-using vellomar_widgets::ObserveUser;
 
 constexpr QMargins kMargins(8, 8, 8, 8);  // between a list and the edge of the screen
 
-BubbleContent ContentOf(const vellomar_widgets::Bubble& bubble) {
+BubbleContent ContentOf(const Bubble& bubble) {
   return {.title = style::Label(bubble.title),
           .text = style::Message(bubble.text),
           .confirm = style::Label(bubble.confirm),
@@ -25,13 +24,14 @@ BubbleContent ContentOf(const vellomar_widgets::Bubble& bubble) {
           .avatar_path = style::Label(bubble.avatar_path),
           .is_question = bubble.is_question,
           .is_warning = bubble.is_warning,
-          .time = {.stays = bubble.stays, .life_ms = bubble.life_ms}};
+          .stays = bubble.stays,
+          .life_ms = bubble.life_ms};
 }
 
 }  // namespace
 
-vellomar_widgets::Window Ui::MakeList() {
-  const vellomar_widgets::List& list = *model.OpenList();
+Window Ui::MakeList() {
+  const List& list = *model.OpenList();
   const EventKey opener = list_opener_ = list.opener;
   BarWindow* bar = BarWith(opener);
   const bool by_key = bar->IsOpenerFocused(opener) && bar->isActiveWindow();
@@ -56,8 +56,8 @@ vellomar_widgets::Window Ui::MakeList() {
 }
 
 void Ui::OnPick(std::size_t row) {
-  const vellomar_widgets::OwnedButton& chosen = list_->AllRows()[row];
-  if (vellomar_widgets::CanPress(chosen)) {
+  const OwnedButton& chosen = list_->AllRows()[row];
+  if (CanPress(chosen)) {
     picked_by_key_ = list_->isActiveWindow() && list_->View().IsCurrentByKey();
     ObserveUser("pick", chosen.key, chosen.value_text.c_str());
     model.Pick(row);
@@ -97,7 +97,7 @@ void Ui::FollowList() {
 
 void Ui::MakeBubble() {
   CloseBubble();
-  const vellomar_widgets::Bubble& bubble = *model.OpenBubble();
+  const Bubble& bubble = *model.OpenBubble();
   const EventKey key = bubble.button;
   if (const BarWindow* bar = BarWith(key); bar != nullptr) {
     bubble_at_ = *bar->AreaOf(key);
@@ -120,7 +120,7 @@ void Ui::MakeBubble() {
 
 // Stays with a button that moves.
 void Ui::FollowBubble() {
-  const vellomar_widgets::Bubble* bubble = bubble_ != nullptr ? model.OpenBubble() : nullptr;
+  const Bubble* bubble = bubble_ != nullptr ? model.OpenBubble() : nullptr;
   const BarWindow* bar = bubble != nullptr ? BarWith(bubble->button) : nullptr;
   if (bar == nullptr) {
     return;
@@ -135,4 +135,4 @@ void Ui::CloseBubble() {
   Discard(std::exchange(bubble_, nullptr));
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -10,7 +10,7 @@
 #include "qt/list/list_window.h"
 #include "qt/list/row_view.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 class AccessibleControl : public QAccessibleWidget {
@@ -92,4 +92,4 @@ AccessibilityFactory::~AccessibilityFactory() {
   QAccessible::removeFactory(MakeInterface);
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

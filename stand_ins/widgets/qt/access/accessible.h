@@ -8,7 +8,7 @@
 #include <Qt>
 #include <QtGlobal>
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class AccessibilityFactory {
  public:
@@ -17,4 +17,4 @@ class AccessibilityFactory {
   Q_DISABLE_COPY_MOVE(AccessibilityFactory)
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

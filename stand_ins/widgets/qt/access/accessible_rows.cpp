@@ -6,10 +6,8 @@
 #include "model/user_action.h"
 #include "qt/access/names.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
-
-using vellomar_widgets::OwnedButton;
 
 QAccessible::Role RoleOf(Look look) {
   switch (look) {
@@ -164,4 +162,4 @@ int AccessibleRows::indexOfChild(const QAccessibleInterface* child) const {
   return found != children_.keyValueEnd() ? (*found).first : -1;
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -8,7 +8,7 @@
 
 #include "qt/list/row_view.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class AccessibleRows : public QAccessibleWidget {
  public:
@@ -28,4 +28,4 @@ class AccessibleRows : public QAccessibleWidget {
   mutable QHash<int, QAccessible::Id> children_;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

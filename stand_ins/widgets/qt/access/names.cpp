@@ -6,7 +6,7 @@
 
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
@@ -38,7 +38,7 @@ constexpr std::array kNames = {
 
 }  // namespace
 
-QString NameOf(const vellomar_widgets::OwnedButton& record) {
+QString NameOf(const OwnedButton& record) {
   for (const std::string* text : {&record.text, &record.tool_tip}) {
     if (QString label = style::Label(*text); !label.isEmpty()) {
       return label;
@@ -50,4 +50,4 @@ QString NameOf(const vellomar_widgets::OwnedButton& record) {
   return found != kNames.end() ? QString::fromLatin1(found->name) : QString();
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

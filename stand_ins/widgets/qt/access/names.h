@@ -8,10 +8,10 @@
 
 #include "model/owned_button.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 // The record's label, else its tool-tip, else the English name of its key; empty where a key has
 // none.
-QString NameOf(const vellomar_widgets::OwnedButton& record);
+QString NameOf(const OwnedButton& record);
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

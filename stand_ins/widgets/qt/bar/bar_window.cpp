@@ -10,7 +10,7 @@
 #include "qt/look/screen.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
@@ -19,10 +19,9 @@ constexpr int kScreenMargin = 8;
 constexpr int kGroupGap = 12;
 
 // Most labels decide: a name in another script does not turn the bar around.
-bool IsMostlyRightToLeft(const vellomar_widgets::Records& records,
-                         std::span<const vellomar_widgets::ButtonSpec> specs) {
+bool IsMostlyRightToLeft(const Records& records, std::span<const ButtonSpec> specs) {
   int balance = 0;
-  for (const vellomar_widgets::ButtonSpec& spec : specs) {
+  for (const ButtonSpec& spec : specs) {
     const auto found = records.find(spec.key);
     if (found != records.end() && !found->second.text.empty()) {
       balance += style::Label(found->second.text).isRightToLeft() ? 1 : -1;
@@ -52,8 +51,7 @@ std::vector<int> CutToFit(const std::vector<int>& natural, int available) {
 
 }  // namespace
 
-BarWindow::BarWindow(std::span<const vellomar_widgets::ButtonSpec> specs, const QRect& home,
-                     Kind kind)
+BarWindow::BarWindow(std::span<const ButtonSpec> specs, const QRect& home, Kind kind)
     : QWidget(nullptr, FloatingWindow()),
       home_(home),
       area_(home),
@@ -67,7 +65,7 @@ BarWindow::BarWindow(std::span<const vellomar_widgets::ButtonSpec> specs, const 
     info_line_ = new InfoLine(this);
     info_line_->SetHandlers(press, expand);
   }
-  for (const vellomar_widgets::ButtonSpec& spec : specs) {  // the order in which the Tab key goes
+  for (const ButtonSpec& spec : specs) {  // the order in which the Tab key goes
     slots_.push_back({new ButtonWidget(spec, this), new ExpandPart(spec.key, this), false, false});
     slots_.back().button->on_press = press;
     slots_.back().expand->on_press = expand;
@@ -76,14 +74,13 @@ BarWindow::BarWindow(std::span<const vellomar_widgets::ButtonSpec> specs, const 
   }
 }
 
-void BarWindow::SetRecords(const vellomar_widgets::Records& records,
-                           const vellomar_widgets::BarMode& mode) {
-  std::vector<vellomar_widgets::ButtonSpec> specs;
+void BarWindow::SetRecords(const Records& records, const BarMode& mode) {
+  std::vector<ButtonSpec> specs;
   for (Slot& slot : slots_) {
-    const vellomar_widgets::ButtonSpec& spec = slot.button->Spec();
+    const ButtonSpec& spec = slot.button->Spec();
     specs.push_back(spec);
-    slot.shown = vellomar_widgets::IsShown(spec.key, records, mode);
-    slot.has_expand = slot.shown && vellomar_widgets::HasExpandPart(records.at(spec.key));
+    slot.shown = IsShown(spec.key, records, mode);
+    slot.has_expand = slot.shown && HasExpandPart(records.at(spec.key));
     if (slot.shown) {
       slot.button->SetRecord(records.at(spec.key), mode);
     }
@@ -122,9 +119,7 @@ int BarWindow::GapBefore(std::size_t index) const {
   if (!shown_before) {
     return 0;
   }
-  return (slots_[index].button->Spec().traits & vellomar_widgets::kStartsGroup) != 0
-             ? kGroupGap
-             : style::kButtonGap;
+  return (slots_[index].button->Spec().traits & kStartsGroup) != 0 ? kGroupGap : style::kButtonGap;
 }
 
 int BarWindow::GapsWidth() const {
@@ -232,7 +227,7 @@ const BarWindow::Slot* BarWindow::FindSlot(EventKey key) const {
 }
 
 std::optional<QRect> BarWindow::AreaOf(EventKey key) const {
-  if (info_line_ != nullptr && vellomar_widgets::SpecOf(key) == nullptr) {
+  if (info_line_ != nullptr && SpecOf(key) == nullptr) {
     const std::optional<QRect> local = info_line_->AreaOf(key);
     return local ? std::optional(QRect(info_line_->mapToGlobal(local->topLeft()), local->size()))
                  : std::nullopt;
@@ -266,4 +261,4 @@ void BarWindow::paintEvent(QPaintEvent* /*event*/) {
   }
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

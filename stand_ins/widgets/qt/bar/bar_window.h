@@ -18,14 +18,14 @@
 #include "qt/bar/expand_part.h"
 #include "qt/bar/info_line.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class BarWindow : public QWidget {
  public:
   enum Kind { kWithInfoLine, kButtonsOnly };
 
   // `home` is where it may be; the user may drag it onto another screen.
-  BarWindow(std::span<const vellomar_widgets::ButtonSpec> specs, const QRect& home, Kind kind);
+  BarWindow(std::span<const ButtonSpec> specs, const QRect& home, Kind kind);
 
   std::function<void(VELLOMAR_LORIMEL::EventKey)> on_press;
   std::function<void(VELLOMAR_LORIMEL::EventKey)> on_expand;
@@ -36,7 +36,7 @@ class BarWindow : public QWidget {
   std::function<void()> on_close;   // the user closes the window; it stays open until deleted
 
   // Takes over every record, shows, hides and places the buttons.
-  void SetRecords(const vellomar_widgets::Records& records, const vellomar_widgets::BarMode& mode);
+  void SetRecords(const Records& records, const BarMode& mode);
   void SetClock(const QString& clock);
   void SetMicVolume(int percent);
 
@@ -100,4 +100,4 @@ class BarWindow : public QWidget {
   QPoint drag_offset_;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

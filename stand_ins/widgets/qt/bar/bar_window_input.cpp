@@ -8,7 +8,7 @@
 #include "qt/bar/bar_window.h"
 #include "qt/look/screen.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 using VELLOMAR_LORIMEL::EventKey;
 
@@ -137,4 +137,4 @@ void BarWindow::moveEvent(QMoveEvent* /*event*/) {
   }
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -9,11 +9,10 @@
 #include "qt/look/palette.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
-using vellomar_widgets::OwnedButton;
 
 constexpr int kLeastNatural = 62;
 constexpr int kMostNatural = 150;
@@ -25,7 +24,7 @@ constexpr int kIconMargin = 9;  // beside an icon without a label
 
 }  // namespace
 
-ButtonWidget::ButtonWidget(const vellomar_widgets::ButtonSpec& spec, QWidget* parent)
+ButtonWidget::ButtonWidget(const ButtonSpec& spec, QWidget* parent)
     : Control(spec.key, parent), spec_(spec) {
   SetPressable(true);
   setFont(style::Font(style::kLabelFont));
@@ -36,22 +35,21 @@ ButtonWidget::ButtonWidget(const vellomar_widgets::ButtonSpec& spec, QWidget* pa
   });
 }
 
-void ButtonWidget::SetRecord(const OwnedButton& record, const vellomar_widgets::BarMode& mode) {
+void ButtonWidget::SetRecord(const OwnedButton& record, const BarMode& mode) {
   record_ = record;
   mode_ = mode;
-  label_ = (spec_.traits & vellomar_widgets::kNoLabel) != 0 ? QString() : style::Label(record.text);
-  setEnabled(vellomar_widgets::CanPress(record));
+  label_ = (spec_.traits & kNoLabel) != 0 ? QString() : style::Label(record.text);
+  setEnabled(CanPress(record));
   const bool is_device = Key() == EventKey::MuteAudio || Key() == EventKey::MuteCamera;
-  const bool opens = (spec_.traits & vellomar_widgets::kOpensOnPress) != 0;
+  const bool opens = (spec_.traits & kOpensOnPress) != 0;
   SetMeaning(NameOf(record), style::Label(record.tool_tip),
              {.role = opens ? QAccessible::ButtonMenu : QAccessible::PushButton,
-              .checkable = is_device || (!opens && vellomar_widgets::IsToggle(Key())),
-              .checked = is_device ? !vellomar_widgets::IsDeviceOff(record)
-                                   : record.Has(VELLOMAR_LORIMEL::kStatusOn),
+              .checkable = is_device || (!opens && IsToggle(Key())),
+              .checked = is_device ? !IsDeviceOff(record) : record.Has(VELLOMAR_LORIMEL::kStatusOn),
               .opens_list = opens,
-              .busy = vellomar_widgets::IsLoading(record),
+              .busy = IsLoading(record),
               .value = style::Label(record.sub_label)});
-  if (vellomar_widgets::IsLoading(record)) {
+  if (IsLoading(record)) {
     spinner_.start();
   } else {
     spinner_.stop();
@@ -89,8 +87,7 @@ QString ButtonWidget::ElidedLabel() const {
 void ButtonWidget::UpdateToolTip() {
   const QString given = style::Label(record_.tool_tip);
   const QString full = ElidedLabel() == label_ ? QString() : label_;
-  const bool names_itself =
-      (spec_.traits & vellomar_widgets::kNoLabel) != 0 && !record_.text.empty();
+  const bool names_itself = (spec_.traits & kNoLabel) != 0 && !record_.text.empty();
   const QString name = label_.isEmpty() ? NameOf(record_) : full;
   setToolTip(style::ToolTip(given.isEmpty() || names_itself ? name : given));
 }
@@ -105,7 +102,7 @@ QRectF ButtonWidget::IconArea() const {
 }
 
 QColor ButtonWidget::Background() const {
-  if ((spec_.traits & vellomar_widgets::kDanger) == 0) {
+  if ((spec_.traits & kDanger) == 0) {
     return Fill();
   }
   return !isEnabled()  ? style::kLine
@@ -142,13 +139,13 @@ void ButtonWidget::PaintSpinner(QPainter& painter, const QRectF& area) const {
 }
 
 void ButtonWidget::PaintPicture(QPainter& painter, const QRectF& area) const {
-  if (vellomar_widgets::IsLoading(record_)) {
+  if (IsLoading(record_)) {
     painter.setOpacity(1.0);
     PaintSpinner(painter, area);
   } else if (Key() == EventKey::SketchColor) {
-    PaintSwatch(painter, vellomar_widgets::ChosenSketchColor(record_), area);
+    PaintSwatch(painter, ChosenSketchColor(record_), area);
   } else {
-    if (Key() == EventKey::MuteAudio && !vellomar_widgets::IsDeviceOff(record_)) {
+    if (Key() == EventKey::MuteAudio && !IsDeviceOff(record_)) {
       PaintMicLevel(painter, area);
     }
     const bool turned = Key() == EventKey::ControlbarSwitch && mode_.collapsed;
@@ -195,4 +192,4 @@ void ButtonWidget::paintEvent(QPaintEvent* /*event*/) {
   PaintBadge(painter, icon);
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -11,15 +11,14 @@
 #include "model/catalog.h"
 #include "qt/bar/control.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class ButtonWidget : public Control {
  public:
-  ButtonWidget(const vellomar_widgets::ButtonSpec& spec, QWidget* parent);
+  ButtonWidget(const ButtonSpec& spec, QWidget* parent);
 
-  const vellomar_widgets::ButtonSpec& Spec() const { return spec_; }
-  void SetRecord(const vellomar_widgets::OwnedButton& record,
-                 const vellomar_widgets::BarMode& mode);
+  const ButtonSpec& Spec() const { return spec_; }
+  void SetRecord(const OwnedButton& record, const BarMode& mode);
   void SetLabelShown(bool shown);
   void SetMicVolume(int percent);
 
@@ -41,9 +40,9 @@ class ButtonWidget : public Control {
   void PaintSpinner(QPainter& painter, const QRectF& area) const;
   void PaintBadge(QPainter& painter, const QRectF& icon_area) const;
 
-  const vellomar_widgets::ButtonSpec& spec_;
-  vellomar_widgets::OwnedButton record_;
-  vellomar_widgets::BarMode mode_;
+  const ButtonSpec& spec_;
+  OwnedButton record_;
+  BarMode mode_;
   QString label_;
   bool label_shown_ = true;
   int mic_volume_ = 0;
@@ -51,4 +50,4 @@ class ButtonWidget : public Control {
   QTimer spinner_;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -7,7 +7,7 @@
 
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 Control::Control(VELLOMAR_LORIMEL::EventKey key, QWidget* parent) : QWidget(parent), key_(key) {
   setAttribute(Qt::WA_Hover);
@@ -111,4 +111,4 @@ void Control::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -14,7 +14,7 @@
 
 #include "vellomar/lorimel.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 // Beside the name and the description, which are the widget's own.
 struct Meaning {
@@ -69,4 +69,4 @@ class Control : public QWidget {
   bool open_ = false;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -6,11 +6,10 @@
 #include "qt/look/icons.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
-using vellomar_widgets::OwnedButton;
 
 constexpr double kChevron = 12;
 
@@ -20,14 +19,14 @@ ExpandPart::ExpandPart(EventKey key, QWidget* parent) : Control(key, parent) {
   SetPressable(true);
 }
 
-void ExpandPart::SetRecord(const vellomar_widgets::Records& records, const OwnedButton& button) {
+void ExpandPart::SetRecord(const Records& records, const OwnedButton& button) {
   const QString second_tip = style::Label(button.second_tool_tip);
-  const auto window = records.find(vellomar_widgets::WindowOf(button.key));
+  const auto window = records.find(WindowOf(button.key));
   QString name = second_tip;
   if (name.isEmpty() && window != records.end()) {
     name = NameOf(window->second);
   }
-  setEnabled(vellomar_widgets::CanPress(button));
+  setEnabled(CanPress(button));
   setToolTip(style::ToolTip(second_tip));
   SetMeaning(name.isEmpty() ? NameOf(button) : name, NameOf(button),
              {.role = QAccessible::ButtonDropDown, .opens_list = true});
@@ -50,4 +49,4 @@ void ExpandPart::paintEvent(QPaintEvent* /*event*/) {
   PaintIcon(painter, QStringLiteral("Chevron"), chevron);
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -8,15 +8,14 @@
 #include "model/catalog.h"
 #include "qt/bar/control.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class ExpandPart : public Control {
  public:
   ExpandPart(VELLOMAR_LORIMEL::EventKey key, QWidget* parent);
 
   // Takes over name and state; the records tell what the window is called.
-  void SetRecord(const vellomar_widgets::Records& records,
-                 const vellomar_widgets::OwnedButton& button);
+  void SetRecord(const Records& records, const OwnedButton& button);
   // The height of the chevron's centre, beside the middle of what it belongs to.
   void SetCenter(int y);
 
@@ -27,4 +26,4 @@ class ExpandPart : public Control {
   int center_ = 0;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

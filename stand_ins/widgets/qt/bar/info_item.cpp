@@ -10,18 +10,17 @@
 #include "qt/look/icons.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
-using vellomar_widgets::OwnedButton;
 
 constexpr int kIconGap = 5;
 constexpr int kSide = 4;  // room for the frame of the focus
 
 void PaintStrength(QPainter& painter, int strength, const QRectF& area) {
   const QColor color = strength <= 1 ? style::kBad : strength == 2 ? style::kFair : style::kGood;
-  for (int bar = 0; bar < vellomar_widgets::kMostNetworkStrength; ++bar) {
+  for (int bar = 0; bar < kMostNetworkStrength; ++bar) {
     const double height = 4.0 + 2.7 * bar;
     style::PaintRounded(
         painter, QRectF(area.left() + 1 + bar * 3.7, area.bottom() - 2 - height, 2.6, height), 1,
@@ -43,11 +42,10 @@ void InfoItem::SetRecord(const OwnedButton& record) {
                           : text_.isEmpty()           ? QAccessible::Indicator
                                                       : QAccessible::StaticText};
   if (Key() == EventKey::NetworkStrength) {
-    strength_ = vellomar_widgets::NetworkStrengthOf(record);
-    meaning.value =
-        QStringLiteral("%1/%2").arg(strength_).arg(vellomar_widgets::kMostNetworkStrength);
+    strength_ = NetworkStrengthOf(record);
+    meaning.value = QStringLiteral("%1/%2").arg(strength_).arg(kMostNetworkStrength);
   } else {
-    setEnabled(vellomar_widgets::CanPress(record));
+    setEnabled(CanPress(record));
   }
   const QString tip = style::Label(record.tool_tip);
   setToolTip(style::ToolTip(tip.isEmpty() ? NameOf(record) : tip));
@@ -102,4 +100,4 @@ void InfoItem::paintEvent(QPaintEvent* /*event*/) {
                    fontMetrics().elidedText(text_, Qt::ElideRight, std::max(0, text.width())));
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -8,13 +8,13 @@
 #include "model/owned_button.h"
 #include "qt/bar/control.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class InfoItem : public Control {
  public:
   InfoItem(VELLOMAR_LORIMEL::EventKey key, QWidget* parent);
 
-  void SetRecord(const vellomar_widgets::OwnedButton& record);
+  void SetRecord(const OwnedButton& record);
   // For the clock, which has no record; it keeps its width while the digits change.
   void SetClock(const QString& clock);
 
@@ -34,4 +34,4 @@ class InfoItem : public Control {
   int strength_ = 0;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

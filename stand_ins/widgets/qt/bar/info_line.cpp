@@ -8,7 +8,7 @@
 
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
@@ -20,7 +20,7 @@ constexpr int kLeastText = 40;
 }  // namespace
 
 InfoLine::InfoLine(QWidget* parent) : QWidget(parent) {
-  for (const vellomar_widgets::InfoSpec& spec : vellomar_widgets::InfoItems()) {
+  for (const InfoSpec& spec : InfoItems()) {
     slots_.push_back({new InfoItem(spec.key, this), spec.can_elide, false});
   }
   expand_ = new ExpandPart(EventKey::InfoText, this);
@@ -39,16 +39,16 @@ void InfoLine::SetHandlers(const std::function<void(EventKey)>& on_press,
   expand_->on_press = on_expand;
 }
 
-void InfoLine::SetRecords(const vellomar_widgets::Records& records) {
+void InfoLine::SetRecords(const Records& records) {
   for (std::size_t i = 0; i + 1 < slots_.size(); ++i) {
     const EventKey key = slots_[i].item->Key();
-    slots_[i].shown = vellomar_widgets::IsShown(key, records, {});
+    slots_[i].shown = IsShown(key, records, {});
     if (slots_[i].shown) {
       slots_[i].item->SetRecord(records.at(key));
     }
   }
   const auto info = records.find(EventKey::InfoText);
-  has_expand_ = AreaOf(EventKey::InfoText) && vellomar_widgets::HasExpandPart(info->second);
+  has_expand_ = AreaOf(EventKey::InfoText) && HasExpandPart(info->second);
   if (has_expand_) {
     expand_->SetRecord(records, info->second);
   }
@@ -138,4 +138,4 @@ void InfoLine::resizeEvent(QResizeEvent* /*event*/) {
   Place();
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -15,7 +15,7 @@
 #include "qt/bar/expand_part.h"
 #include "qt/bar/info_item.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class InfoLine : public QWidget {
  public:
@@ -23,7 +23,7 @@ class InfoLine : public QWidget {
 
   void SetHandlers(const std::function<void(VELLOMAR_LORIMEL::EventKey)>& on_press,
                    const std::function<void(VELLOMAR_LORIMEL::EventKey)>& on_expand);
-  void SetRecords(const vellomar_widgets::Records& records);
+  void SetRecords(const Records& records);
   void SetClock(const QString& clock);  // empty: none
 
   int NaturalWidth() const;
@@ -52,4 +52,4 @@ class InfoLine : public QWidget {
   bool has_expand_ = false;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -12,7 +12,7 @@
 #include "qt/look/screen.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 constexpr int kPadding = 7;
@@ -152,4 +152,4 @@ void ListWindow::paintEvent(QPaintEvent* /*event*/) {
   style::PaintPanel(painter, rect());
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

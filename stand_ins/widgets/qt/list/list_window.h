@@ -15,7 +15,7 @@
 
 #include "qt/list/row_view.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 struct ListLook {
   QString name;                   // for assistive technology
@@ -60,4 +60,4 @@ class ListWindow : public QWidget {
   QRect display_;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -7,11 +7,10 @@
 #include "model/user_action.h"
 #include "qt/look/icons.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
-using vellomar_widgets::OwnedButton;
 
 constexpr char kArrowName[] = "icon_right_outlined";
 
@@ -22,13 +21,13 @@ Look LookOf(const OwnedButton& row) {
   if (row.Has(VELLOMAR_LORIMEL::kStatusHidden) || is_arrow) {
     return Look::kNone;  // the arrow is painted on the row before it
   }
-  if (vellomar_widgets::IsCaption(row)) {
+  if (IsCaption(row)) {
     return Look::kCaption;
   }
   if (row.key == EventKey::Separator) {
     return Look::kSeparator;
   }
-  if (vellomar_widgets::IsSketchColor(row.key)) {
+  if (IsSketchColor(row.key)) {
     return Look::kSwatch;
   }
   if (row.key == EventKey::JoinPermission) {
@@ -37,7 +36,7 @@ Look LookOf(const OwnedButton& row) {
   if (row.key == EventKey::ParticipantRow) {
     return Look::kPerson;
   }
-  return vellomar_widgets::IsCheckRow(row.key) ? Look::kCheck : Look::kPlain;
+  return IsCheckRow(row.key) ? Look::kCheck : Look::kPlain;
 }
 
 bool HasMark(const OwnedButton& row) {
@@ -69,4 +68,4 @@ bool IsChecked(const Rows& rows, std::size_t index) {
   return place == row.group_value;
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -6,20 +6,18 @@
 
 #include "model/model.h"
 
-namespace lorimel_qt {
-
-using vellomar_widgets::Rows;
+namespace vellomar_widgets::qt {
 
 enum class Look { kNone, kCaption, kSeparator, kSwatch, kRadio, kCheck, kPerson, kPlain };
 
 // kNone: not shown.
-Look LookOf(const vellomar_widgets::OwnedButton& row);
+Look LookOf(const OwnedButton& row);
 
 // Whether something is painted before the text.
-bool HasMark(const vellomar_widgets::OwnedButton& row);
+bool HasMark(const OwnedButton& row);
 // Whether the row says that it leads further: the record after it is an arrow.
 bool HasArrow(const Rows& rows, std::size_t index);
 // Whether a radio row, a box or a tick is set.
 bool IsChecked(const Rows& rows, std::size_t index);
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -10,10 +10,8 @@
 #include "qt/look/palette.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
-
-using vellomar_widgets::OwnedButton;
 
 constexpr int kRowHeight = 32;
 constexpr int kCaptionHeight = 28;
@@ -81,7 +79,7 @@ void PaintMark(QPainter& painter, const Rows& rows, std::size_t index, const QRe
   }
 }
 
-// Both end where the row ends; answers what is left for the label.
+// Both end where the row ends; returns what is left for the label.
 QRect PaintEnd(QPainter& painter, const Rows& rows, std::size_t index, const RowPlace& place,
                QRect free) {
   const auto visual = [&place](const QRect& area) {
@@ -196,7 +194,7 @@ void PaintRow(QPainter& painter, const Rows& rows, std::size_t index, const RowP
       break;
   }
   PaintBackground(painter, place);
-  painter.setOpacity(vellomar_widgets::CanPress(row) ? 1.0 : style::kDisabledOpacity);
+  painter.setOpacity(CanPress(row) ? 1.0 : style::kDisabledOpacity);
   if (LookOf(row) == Look::kSwatch) {
     PaintColor(painter, row, place.area);
   } else {
@@ -209,4 +207,4 @@ void PaintRow(QPainter& painter, const Rows& rows, std::size_t index, const RowP
   painter.setOpacity(1.0);
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

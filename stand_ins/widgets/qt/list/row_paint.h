@@ -10,7 +10,7 @@
 
 #include "qt/list/row_look.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 struct RowPlace {
   QRect area;
@@ -30,4 +30,4 @@ QFont RowFont();
 
 void PaintRow(QPainter& painter, const Rows& rows, std::size_t index, const RowPlace& place);
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -16,10 +16,8 @@
 #include "qt/list/row_paint.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
-
-using vellomar_widgets::OwnedButton;
 
 constexpr int kLeastWidth = 190;
 constexpr int kMostWidth = 360;
@@ -113,7 +111,7 @@ QRect RowView::AreaOf(std::size_t index) const {
 
 bool RowView::CanPick(int index) const {
   const auto at = static_cast<std::size_t>(index);
-  return index >= 0 && at < rows_.size() && vellomar_widgets::CanPress(rows_[at]) &&
+  return index >= 0 && at < rows_.size() && CanPress(rows_[at]) &&
          LookOf(rows_[at]) != Look::kNone && PassesFilter(at);
 }
 
@@ -277,4 +275,4 @@ void RowView::paintEvent(QPaintEvent* event) {
   }
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

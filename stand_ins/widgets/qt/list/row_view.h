@@ -14,7 +14,7 @@
 
 #include "qt/list/row_look.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class RowView : public QWidget {
  public:
@@ -63,7 +63,7 @@ class RowView : public QWidget {
 
  private:
   bool PassesFilter(std::size_t index) const;
-  int FindLike(const vellomar_widgets::OwnedButton& row) const;
+  int FindLike(const OwnedButton& row) const;
   void Measure();
   void Place();
   void SetCurrent(int index, bool by_key);
@@ -79,4 +79,4 @@ class RowView : public QWidget {
   bool tab_moves_ = true;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -7,7 +7,7 @@
 #include "qt/look/icons.h"
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 constexpr int kIconSide = 8;
@@ -41,4 +41,4 @@ void SearchField::paintEvent(QPaintEvent* event) {
   PaintIcon(painter, QStringLiteral("Search"), QStyle::visualRect(layoutDirection(), rect(), icon));
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

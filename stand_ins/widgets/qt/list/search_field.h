@@ -7,7 +7,7 @@
 
 #include <QLineEdit>
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 class SearchField : public QLineEdit {
  public:
@@ -17,4 +17,4 @@ class SearchField : public QLineEdit {
   void paintEvent(QPaintEvent* event) override;
 };
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

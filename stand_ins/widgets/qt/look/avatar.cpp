@@ -12,7 +12,7 @@
 
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 // The middle of the picture, as a square of this many pixels.
@@ -85,4 +85,4 @@ void PaintAvatar(QPainter& painter, const QRectF& area, const QString& path, con
   painter.restore();
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

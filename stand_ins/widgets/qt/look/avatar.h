@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QString>
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 // `path` names an image file; empty, missing or unreadable ones give the initial. Pictures are read
 // once, at the size and sharpness in which they are painted, and again when the file changes.
@@ -17,4 +17,4 @@ void PaintAvatar(QPainter& painter, const QRectF& area, const QString& path, con
 // The background of an initial, dark enough for white.
 QColor AvatarColor(const QString& name);
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

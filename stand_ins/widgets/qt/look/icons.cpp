@@ -5,72 +5,42 @@
 #include <QSvgRenderer>
 #include <algorithm>
 #include <array>
+#include <map>
 #include <string_view>
 
 #include "model/catalog.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
-using vellomar_widgets::OwnedButton;
 
-struct KeyIcon {
+struct KeyName {
   EventKey key;
   const char* name;
 };
 
-constexpr std::array kKeyIcons = {
-    KeyIcon{EventKey::MuteAudio, "MuteAudio"},
-    KeyIcon{EventKey::MuteCamera, "MuteCamera"},
-    KeyIcon{EventKey::Participants, "Participants"},
-    KeyIcon{EventKey::HostControl, "HostControl"},
-    KeyIcon{EventKey::RemoteControl, "RemoteControl"},
-    KeyIcon{EventKey::Chat, "Chat"},
-    KeyIcon{EventKey::More, "More"},
-    KeyIcon{EventKey::Interpretation, "Interpretation"},
-    KeyIcon{EventKey::Reaction, "Reaction"},
-    KeyIcon{EventKey::AskHostForHelp, "AskHostForHelp"},
-    KeyIcon{EventKey::ShareNew, "ShareNew"},
-    KeyIcon{EventKey::StopSharing, "StopSharing"},
-    KeyIcon{EventKey::Leave, "Leave"},
-    KeyIcon{EventKey::Record, "Record"},
-    KeyIcon{EventKey::StopRemoteControl, "StopRemoteControl"},
-    KeyIcon{EventKey::ControlbarSwitch, "ControlbarSwitch"},
-    KeyIcon{EventKey::Annotate, "Annotate"},
-    KeyIcon{EventKey::ExternalMeeting, "ExternalMeeting"},
-    KeyIcon{EventKey::SharingOptions, "SharingOptions"},
-    KeyIcon{EventKey::SketchSelect, "SketchSelect"},
-    KeyIcon{EventKey::SketchMouse, "SketchMouse"},
-    KeyIcon{EventKey::SketchPen, "SketchPen"},
-    KeyIcon{EventKey::SketchUndo, "SketchUndo"},
-    KeyIcon{EventKey::SketchClear, "SketchClear"},
-    KeyIcon{EventKey::SketchPen1, "SketchPen1"},
-    KeyIcon{EventKey::SketchPen2, "SketchPen2"},
-    KeyIcon{EventKey::SketchPen3, "SketchPen3"},
-    KeyIcon{EventKey::SketchPen4, "SketchPen4"},
-    KeyIcon{EventKey::SketchPen5, "SketchPen5"},
-    KeyIcon{EventKey::SketchClearMine, "SketchClearMine"},
-    KeyIcon{EventKey::SketchClearOthers, "SketchClearOthers"},
-    KeyIcon{EventKey::SketchClearAll, "SketchClearAll"},
-    KeyIcon{EventKey::InfoText, "InfoText"},
-    KeyIcon{EventKey::RecordIndicator, "RecordIndicator"},
-    KeyIcon{EventKey::LiveIndicator, "LiveIndicator"},
-    KeyIcon{EventKey::SharingIndicator, "SharingIndicator"},
-    KeyIcon{EventKey::PauseIndicator, "PauseIndicator"},
-    KeyIcon{EventKey::SubRoomName, "SubRoomName"},
-    KeyIcon{EventKey::ShareMeetingName, "ShareMeetingName"},
-    KeyIcon{EventKey::Subtitles, "Subtitles"},
-    KeyIcon{EventKey::LiveStream, "LiveStream"},
-    KeyIcon{EventKey::Labs, "Labs"},
-    KeyIcon{EventKey::PhoneInvite, "PhoneInvite"},
-    KeyIcon{EventKey::SipInvite, "SipInvite"},
-    KeyIcon{EventKey::Settings, "Settings"},
-    KeyIcon{EventKey::TestSpeakMic, "TestSpeakMic"},
-    KeyIcon{EventKey::MuteAll, "MuteAll"},
-    KeyIcon{EventKey::CancelMuteAll, "CancelMuteAll"},
-    KeyIcon{EventKey::ManageInterpretation, "ManageInterpretation"},
+constexpr std::array kKeyNames = {
+#define VELLOMAR_KEY(number, name, meaning) KeyName{EventKey::name, #name},
+#include "vellomar/event_key_table.def"
 };
+
+QString FileOf(const QString& icon) {
+  return QStringLiteral(":/lorimel/icons/%1.svg").arg(icon);
+}
+
+// An icon has the name of its key.
+QString IconOfKey(EventKey key) {
+  static const std::map<EventKey, QString> icons = [] {
+    std::map<EventKey, QString> found;
+    for (const KeyName& row : kKeyNames) {
+      if (QFile::exists(FileOf(row.name))) found[row.key] = row.name;
+    }
+    return found;
+  }();
+  const auto icon = icons.find(key);
+  return icon != icons.end() ? icon->second : QString();
+}
 
 struct PathIcon {
   std::string_view path;
@@ -88,7 +58,7 @@ constexpr std::array kWithDirection = {"Chat",       "ChevronEnd", "Leave.room",
 
 // The same key with another picture in a certain state.
 const char* StateSuffix(const OwnedButton& record) {
-  if (vellomar_widgets::IsDeviceOff(record)) {
+  if (IsDeviceOff(record)) {
     return ".off";
   }
   return record.key == EventKey::Record && record.Has(VELLOMAR_LORIMEL::kStatusOn) ? ".on" : "";
@@ -103,18 +73,13 @@ QString IconFor(const OwnedButton& record) {
   if (by_path != kPathIcons.end()) {
     return QString::fromLatin1(by_path->name);
   }
-  const auto* by_key =
-      std::find_if(kKeyIcons.begin(), kKeyIcons.end(),
-                   [&record](const KeyIcon& icon) { return icon.key == record.key; });
-  if (by_key == kKeyIcons.end()) {
-    return {};
-  }
-  return QLatin1String(by_key->name) + QLatin1String(StateSuffix(record));
+  const QString by_key = IconOfKey(record.key);
+  return by_key.isEmpty() ? by_key : by_key + QLatin1String(StateSuffix(record));
 }
 
 void PaintIcon(QPainter& painter, const QString& name, const QRectF& area,
                Qt::LayoutDirection direction) {
-  const QString file = QStringLiteral(":/lorimel/icons/%1.svg").arg(name);
+  const QString file = FileOf(name);
   if (name.isEmpty() || !QFile::exists(file)) {
     return;
   }
@@ -132,4 +97,4 @@ void PaintIcon(QPainter& painter, const QString& name, const QRectF& area,
   painter.restore();
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

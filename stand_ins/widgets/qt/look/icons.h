@@ -10,15 +10,15 @@
 
 #include "model/owned_button.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 // The name of the icon that goes with the record's icon path, else with its key and state; empty
 // where there is none.
-QString IconFor(const vellomar_widgets::OwnedButton& record);
+QString IconFor(const OwnedButton& record);
 
 // Mirrors the icons that have a direction where the text runs from right to left. Paints nothing
 // for a name that is not in the resources.
 void PaintIcon(QPainter& painter, const QString& name, const QRectF& area,
                Qt::LayoutDirection direction = Qt::LeftToRight);
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -5,7 +5,7 @@
 
 #include "qt/look/style.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 void PaintSwatch(QPainter& painter, VELLOMAR_LORIMEL::EventKey color, const QRectF& area) {
   using VELLOMAR_LORIMEL::EventKey;
@@ -26,4 +26,4 @@ void PaintSwatch(QPainter& painter, VELLOMAR_LORIMEL::EventKey color, const QRec
   painter.drawEllipse(circle);
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

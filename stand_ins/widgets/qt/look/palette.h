@@ -8,9 +8,9 @@
 
 #include "vellomar/lorimel.h"
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 // A round sample of a colour; a crossed empty circle for no colour.
 void PaintSwatch(QPainter& painter, VELLOMAR_LORIMEL::EventKey color, const QRectF& area);
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

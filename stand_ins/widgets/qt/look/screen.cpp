@@ -5,7 +5,7 @@
 #include <QScreen>
 #include <algorithm>
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 namespace {
 
 // Qt scales the screen's size and what is on it, and leaves its origin where it is.
@@ -107,4 +107,4 @@ QRect MovedInto(QRect wanted, const QRect& area) {
   return wanted;
 }
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

@@ -11,7 +11,7 @@
 #include <Qt>
 #include <cstdint>
 
-namespace lorimel_qt {
+namespace vellomar_widgets::qt {
 
 // The rectangle as given, within what windowing systems can address.
 QRect DisplayPixels(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height);
@@ -32,4 +32,4 @@ QRect ToLogical(const QRect& pixels);
 // `wanted` moved into `area`; its top left corner is in `area` even where the rest does not fit.
 QRect MovedInto(QRect wanted, const QRect& area);
 
-}  // namespace lorimel_qt
+}  // namespace vellomar_widgets::qt

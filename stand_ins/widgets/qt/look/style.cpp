@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "qt/look/style.h"
 
-namespace lorimel_qt::style {
+namespace vellomar_widgets::qt::style {
 
 QFont Font(int pixel_size, QFont::Weight weight) {
   QFont font;
@@ -56,4 +56,4 @@ void PaintFocus(QPainter& painter, const QRectF& area) {
   painter.drawRoundedRect(area.adjusted(1, 1, -1, -1), kButtonRadius - 1, kButtonRadius - 1);
 }
 
-}  // namespace lorimel_qt::style
+}  // namespace vellomar_widgets::qt::style

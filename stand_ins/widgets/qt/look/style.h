@@ -9,7 +9,7 @@
 #include <QString>
 #include <string>
 
-namespace lorimel_qt::style {
+namespace vellomar_widgets::qt::style {
 
 inline constexpr QColor kBackground{0x1f, 0x23, 0x29};
 inline constexpr QColor kBorder{0x44, 0x4b, 0x55};
@@ -62,4 +62,4 @@ void PaintRounded(QPainter& painter, const QRectF& area, double radius, const QC
 // The frame around what has the keyboard's focus, inside the area.
 void PaintFocus(QPainter& painter, const QRectF& area);
 
-}  // namespace lorimel_qt::style
+}  // namespace vellomar_widgets::qt::style
