@@ -18,13 +18,13 @@ using streams::Message;
 using Rows = std::set<std::string>;
 
 const Rows kCommands = {
-#define VELLOMAR_COMMAND(id, name, record, route, operation, fields) \
+#define VELLOMAR_COMMAND(id, name, record, route, operation, fields, meaning) \
 #  id " " #  name " " #  route " " #  operation " " fields,
 #include "vellomar/command_table.def"
 };
 
 const Rows kNotifications = {
-#define VELLOMAR_NOTIFICATION(id, name, record, fields) #id " " #name " " fields,
+#define VELLOMAR_NOTIFICATION(id, name, record, fields, meaning) #id " " #name " " fields,
 #include "vellomar/notification_table.def"
 };
 
