@@ -17,10 +17,12 @@
 #include <iostream>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/abi/keys.h"
 #include "host/abi/tables.h"
+#include "host/host_error.h"
 #include "host/scenario/player.h"
 #include "host/scenario/scenario.h"
 #include "host/scenario/trace_file.h"
@@ -65,7 +67,18 @@ void PrintTable(const std::vector<Row>& rows) {
   }
 }
 
-int PrintCommands(bool markdown) {
+// "controlbar-host commands NAME": a row by its name.
+template <typename Row>
+int PrintRow(const Row* row, std::string_view what, const std::string& name) {
+  if (row == nullptr) {
+    throw vellomar_host::HostError(fmt::format("there is no {} \"{}\"", what, name));
+  }
+  fmt::print("{}", vellomar_tools::About(*row));
+  return kOk;
+}
+
+int PrintCommands(bool markdown, const std::string& name) {
+  if (!name.empty()) return PrintRow(vellomar_host::FindCommand(name), "command", name);
   if (markdown) {
     fmt::print("{}", vellomar_tools::CommandsAsMarkdown());
     return kOk;
@@ -81,7 +94,8 @@ int PrintCommands(bool markdown) {
   return kOk;
 }
 
-int PrintNotifications(bool markdown) {
+int PrintNotifications(bool markdown, const std::string& name) {
+  if (!name.empty()) return PrintRow(vellomar_host::FindNotification(name), "notification", name);
   if (markdown) {
     fmt::print("{}", vellomar_tools::NotificationsAsMarkdown());
     return kOk;
@@ -163,6 +177,10 @@ int Run(int argc, char** argv) {
   auto* notifications =
       app.add_subcommand("notifications", "print the notifications that the plug-in sends");
   auto* keys = app.add_subcommand("keys", "print the keys of buttons and list rows");
+  std::string name;
+  for (auto* table : {commands, notifications}) {
+    table->add_option("name", name, "one of them, with what it means");
+  }
   bool markdown = false;
   for (auto* table : {commands, notifications, keys}) {
     table->add_flag("--markdown", markdown, "as a page of Markdown, with offsets and sizes");
@@ -174,7 +192,7 @@ int Run(int argc, char** argv) {
   }
   if (play->parsed()) return Play(arguments);
   if (keys->parsed()) return PrintKeys(markdown);
-  return commands->parsed() ? PrintCommands(markdown) : PrintNotifications(markdown);
+  return commands->parsed() ? PrintCommands(markdown, name) : PrintNotifications(markdown, name);
 }
 
 }  // namespace

@@ -98,6 +98,14 @@ std::string Notation(const Used& used) {
   return text + "\n";
 }
 
+// A list, a row each.
+template <typename Table>
+std::string Meanings(const Table& table) {
+  std::string text = "\n## What they mean\n\n";
+  for (const auto& row : table) text += fmt::format("- `{}`: {}\n", row.name, row.meaning);
+  return text;
+}
+
 template <typename Table>
 Used UsedIn(const Table& table) {
   Used used;
@@ -106,6 +114,18 @@ Used UsedIn(const Table& table) {
 }
 
 }  // namespace
+
+std::string About(const vellomar_host::Command& command) {
+  return fmt::format("{} ({}), {}\n{}\nfields: {}\n", command.name, command.id,
+                     vellomar_host::RouteName(command.route), command.meaning,
+                     command.fields.empty() ? "none" : command.fields);
+}
+
+std::string About(const vellomar_host::Notification& notification) {
+  return fmt::format("{} ({})\n{}\nfields: {}\n", notification.name, notification.id,
+                     notification.meaning,
+                     notification.fields.empty() ? "none" : notification.fields);
+}
 
 std::string CommandsAsMarkdown() {
   const auto commands = vellomar_host::Commands();
@@ -133,7 +153,7 @@ std::string CommandsAsMarkdown() {
                         command.operation == "None" ? "" : fmt::format("`{}`", command.operation),
                         LayoutOf(command.fields).size, FieldsWithOffsets(command.fields));
   }
-  return text;
+  return text + Meanings(commands);
 }
 
 std::string NotificationsAsMarkdown() {
@@ -153,7 +173,7 @@ std::string NotificationsAsMarkdown() {
     text += fmt::format("| {} | `{}` | {} | {} |\n", notification.id, notification.name,
                         LayoutOf(notification.fields).size, FieldsWithOffsets(notification.fields));
   }
-  return text;
+  return text + Meanings(notifications);
 }
 
 std::string KeysAsMarkdown() {

@@ -9,7 +9,13 @@
 
 #include <string>
 
+#include "host/abi/tables.h"
+
 namespace vellomar_tools {
+
+// For a terminal: id, what it means, fields.
+std::string About(const vellomar_host::Command& command);
+std::string About(const vellomar_host::Notification& notification);
 
 std::string CommandsAsMarkdown();
 std::string NotificationsAsMarkdown();

@@ -37,15 +37,21 @@ template <>
 constexpr std::size_t kPayloadSize<VellomarNone> = 0;
 
 constexpr std::array kCommands = {
-#define VELLOMAR_COMMAND(id, name, record, route, operation, fields) \
-  Command{                                                           \
-      id, #name, sizeof(record), Route::route, #operation, fields, ShapeOf<record>(Route::route)},
+#define VELLOMAR_COMMAND(id, name, record, route, operation, fields, meaning) \
+  Command{id,                                                                 \
+          #name,                                                              \
+          sizeof(record),                                                     \
+          Route::route,                                                       \
+          #operation,                                                         \
+          fields,                                                             \
+          ShapeOf<record>(Route::route),                                      \
+          meaning},
 #include "vellomar/command_table.def"
 };
 
 constexpr std::array kNotifications = {
-#define VELLOMAR_NOTIFICATION(id, name, record, fields) \
-  Notification{id, #name, kPayloadSize<record>, fields},
+#define VELLOMAR_NOTIFICATION(id, name, record, fields, meaning) \
+  Notification{id, #name, kPayloadSize<record>, fields, meaning},
 #include "vellomar/notification_table.def"
 };
 

@@ -22,6 +22,7 @@ struct Command {
   std::string_view operation;  // "None" where there is none
   std::string_view fields;     // in the notation of vellomar/command_table.def
   std::string_view shape;      // flag, int, long, text, none, record or answering
+  std::string_view meaning;    // a few sentences; names of fields in backticks
 };
 
 struct Notification {
@@ -29,6 +30,7 @@ struct Notification {
   std::string_view name;
   std::size_t record_size;  // in bytes; 0: it has no payload
   std::string_view fields;
+  std::string_view meaning;  // what has happened, and what the host does
 };
 
 std::span<const Command> Commands();

@@ -17,7 +17,8 @@
 
 /* VELLOMAR_COMMAND_setTextMap = 28200737 and so on, one for each row of the table. */
 enum VellomarCommandId {
-#define VELLOMAR_COMMAND(id, name, record, route, operation, fields) VELLOMAR_COMMAND_##name = id,
+#define VELLOMAR_COMMAND(id, name, record, route, operation, fields, meaning) \
+  VELLOMAR_COMMAND_##name = id,
 #include "vellomar/command_table.def"
 };
 

@@ -13,7 +13,7 @@
 
 /* VELLOMAR_NOTIFY_muteAudio = 18200594 and so on, one for each row of the table. */
 enum VellomarNotificationId {
-#define VELLOMAR_NOTIFICATION(id, name, record, fields) VELLOMAR_NOTIFY_##name = id,
+#define VELLOMAR_NOTIFICATION(id, name, record, fields, meaning) VELLOMAR_NOTIFY_##name = id,
 #include "vellomar/notification_table.def"
 };
 

@@ -89,7 +89,7 @@ void TraceOnly(std::uint64_t, void*) {
   const TraceScope scope(name);
 }
 
-#define VELLOMAR_COMMAND(id, name, record, route, operation, fields) \
+#define VELLOMAR_COMMAND(id, name, record, route, operation, fields, meaning) \
   constexpr char kName_##name[] = #name;
 #include "vellomar/command_table.def"
 
@@ -103,7 +103,7 @@ void TraceOnly(std::uint64_t, void*) {
 
 EventTable MakeEventTable() {
   EventTable table;
-#define VELLOMAR_COMMAND(id, name, record, route, operation, fields) \
+#define VELLOMAR_COMMAND(id, name, record, route, operation, fields, meaning) \
   table.Add(id, VELLOMAR_HANDLER_##route(name, record, operation));
 #include "vellomar/command_table.def"
   return table;

@@ -19,10 +19,10 @@ namespace VELLOMAR_CONTROLBAR {
 // NotificationRecord<VELLOMAR_NOTIFY_muteAudio> is VellomarNotifyFlag.
 template <VellomarNotificationId id>
 struct NotificationRow;
-#define VELLOMAR_NOTIFICATION(id, name, record, fields) \
-  template <>                                           \
-  struct NotificationRow<VELLOMAR_NOTIFY_##name> {      \
-    using Record = record;                              \
+#define VELLOMAR_NOTIFICATION(id, name, record, fields, meaning) \
+  template <>                                                    \
+  struct NotificationRow<VELLOMAR_NOTIFY_##name> {               \
+    using Record = record;                                       \
   };
 #include "vellomar/notification_table.def"
 
