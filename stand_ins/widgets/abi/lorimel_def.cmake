@@ -4,37 +4,62 @@
 #     cmake -P stand_ins/widgets/abi/lorimel_def.cmake            writes it
 #     cmake -DCHECK=ON -P stand_ins/widgets/abi/lorimel_def.cmake fails if it would change
 #
-# The compiler itself is asked for both names of every member: clang knows the name mangling of
-# either ABI and prints it with the syntax tree.
+# The compilers are asked: clang for the members and their names in the Microsoft ABI, which it prints
+# with the syntax tree; MinGW's for its own, which are what a file that uses all members is missing.
 cmake_minimum_required(VERSION 3.25)
 set(def_file "${CMAKE_CURRENT_LIST_DIR}/vellomar-lorimel.def")
-set(header "${CMAKE_CURRENT_LIST_DIR}/../../../include/vellomar/lorimel.h")
+set(include "${CMAKE_CURRENT_LIST_DIR}/../../../include")
 
-# member_names(TARGET OUT): the mangled names of the class's members for that target, in the header's
-# order.
-function(member_names target out)
-  execute_process(
-    COMMAND clang -target ${target} -std=c++20 -ffreestanding -x c++ -fsyntax-only -Wno-pragma-once-outside-header
-      -I "${CMAKE_CURRENT_LIST_DIR}/../../../include"
-      -Xclang -ast-dump=json -Xclang -ast-dump-filter=VELLOMAR_LORIMEL::Lorimel "${header}"
-    OUTPUT_VARIABLE tree COMMAND_ERROR_IS_FATAL ANY)
-  string(JSON members GET "${tree}" inner)
-  string(JSON count LENGTH "${members}")
-  math(EXPR last "${count} - 1")
-  set(names)
-  foreach(i RANGE ${last})
-    string(JSON kind GET "${members}" ${i} kind)
-    string(JSON implicit ERROR_VARIABLE written GET "${members}" ${i} isImplicit)
-    if(kind STREQUAL CXXMethodDecl AND written)
-      string(JSON name GET "${members}" ${i} mangledName)
-      list(APPEND names "${name}")
-    endif()
-  endforeach()
-  set(${out} "${names}" PARENT_SCOPE)
-endfunction()
+# The members' names in C++ and in the Microsoft ABI, in the header's order.
+set(members)
+set(theirs)
+execute_process(
+  COMMAND clang -target i686-pc-windows-msvc -std=c++20 -ffreestanding -x c++ -fsyntax-only
+    -Wno-pragma-once-outside-header -I "${include}"
+    -Xclang -ast-dump=json -Xclang -ast-dump-filter=VELLOMAR_LORIMEL::Lorimel
+    "${include}/vellomar/lorimel.h"
+  OUTPUT_VARIABLE tree COMMAND_ERROR_IS_FATAL ANY)
+string(JSON nodes GET "${tree}" inner)
+string(JSON count LENGTH "${nodes}")
+math(EXPR last "${count} - 1")
+foreach(i RANGE ${last})
+  string(JSON kind GET "${nodes}" ${i} kind)
+  string(JSON implicit ERROR_VARIABLE written GET "${nodes}" ${i} isImplicit)
+  if(kind STREQUAL CXXMethodDecl AND written)
+    string(JSON name GET "${nodes}" ${i} name)
+    string(JSON their GET "${nodes}" ${i} mangledName)
+    list(APPEND members "${name}")
+    list(APPEND theirs "${their}")
+  endif()
+endforeach()
 
-member_names(i686-w64-windows-gnu ours)
-member_names(i686-pc-windows-msvc theirs)
+# A calling convention that is written is a part of MinGW's names, which clang leaves out.
+if(DEFINED ENV{TMPDIR})
+  set(scratch "$ENV{TMPDIR}/lorimel_def")
+else()
+  set(scratch "/tmp/lorimel_def")
+endif()
+set(uses "#include \"vellomar/lorimel.h\"\n")
+foreach(member IN LISTS members)
+  string(APPEND uses "auto use${member} = &VELLOMAR_LORIMEL::Lorimel::${member};\n")
+endforeach()
+string(RANDOM suffix)
+set(scratch "${scratch}.${suffix}")
+file(WRITE "${scratch}.cpp" "${uses}")
+execute_process(
+  COMMAND i686-w64-mingw32-g++-posix -std=c++20 -I "${include}" -c "${scratch}.cpp" -o "${scratch}.o"
+  COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND i686-w64-mingw32-nm -u "${scratch}.o"
+  OUTPUT_VARIABLE missing COMMAND_ERROR_IS_FATAL ANY)
+file(REMOVE "${scratch}.cpp" "${scratch}.o")
+set(ours)
+foreach(member IN LISTS members)
+  string(LENGTH "${member}" length)
+  if(NOT missing MATCHES "_(_ZN[A-Za-z0-9_]*7Lorimel${length}${member}E[A-Za-z0-9_]*)")
+    message(FATAL_ERROR "MinGW has no name for ${member}: ${missing}")
+  endif()
+  list(APPEND ours "${CMAKE_MATCH_1}")  # a .def file leaves out the underscore of the object format
+endforeach()
 
 set(text "; SPDX-License-Identifier: MIT
 ; Made from vellomar/lorimel.h by lorimel_def.cmake. On the left the name that MinGW gives a member
@@ -43,7 +68,6 @@ LIBRARY \"vellomar-lorimel.dll\"
 EXPORTS
 ")
 foreach(our their IN ZIP_LISTS ours theirs)
-  string(SUBSTRING "${our}" 1 -1 our)  # a .def file leaves out the underscore of the object format
   string(APPEND text "  ${our} == ${their}\n")
 endforeach()
 
