@@ -138,7 +138,8 @@ bool ControlBarDataManager::InitTextMapping(std::vector<std::uint64_t> ids,
     return false;
   }
   std::string resource_path = VELLOMAR_COMMON::ModuleDirectory() + "res";
-  m_texts.Replace(ids, std::move(texts));  // the last that may fail before the records change
+  m_texts.Replace(std::move(ids),
+                  std::move(texts));  // the last that may fail before the records change
   m_resourcePath = std::move(resource_path);
   Info("Init controlbar res path len: {}", m_resourcePath.size());
   m_buttons.Reset();
