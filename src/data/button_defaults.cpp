@@ -8,7 +8,7 @@ namespace {
 
 using text_id::kNone;
 using VELLOMAR_LORIMEL::EventKey;
-constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
+using VELLOMAR_LORIMEL::kStatusHidden;
 
 constexpr ButtonDefault Row(EventKey key, std::uint64_t text_id, std::int32_t status = 0,
                             std::uint64_t tip_id = kNone, bool expand = false) {
@@ -39,13 +39,13 @@ constexpr ButtonDefault kDefaults[] = {
     Row(EventKey::Speaker, text_id::kSpeakers),
     Row(EventKey::CameraDevices, text_id::kCameras),
     Row(EventKey::InfoText, kNone, 0, text_id::kInfoTip, true),
-    Row(EventKey{1068}, kNone, kHidden),
-    Row(EventKey::RecordIndicator, kNone, kHidden, text_id::kRecordingTip),
-    Row(EventKey::StopRemoteControl, kNone, kHidden),
-    Row(EventKey::SharingIndicator, kNone, kHidden),
-    Row(EventKey::PauseIndicator, kNone, kHidden),
-    Row(EventKey::SharingOptions, kNone, kHidden),
-    Row(EventKey::LiveIndicator, text_id::kLive, kHidden),
+    Row(EventKey{1068}, kNone, kStatusHidden),  // which has no name
+    Row(EventKey::RecordIndicator, kNone, kStatusHidden, text_id::kRecordingTip),
+    Row(EventKey::StopRemoteControl, kNone, kStatusHidden),
+    Row(EventKey::SharingIndicator, kNone, kStatusHidden),
+    Row(EventKey::PauseIndicator, kNone, kStatusHidden),
+    Row(EventKey::SharingOptions, kNone, kStatusHidden),
+    Row(EventKey::LiveIndicator, text_id::kLive, kStatusHidden),
     Row(EventKey::SketchSelect, text_id::kSketchSelect),
     Row(EventKey::SketchMouse, text_id::kSketchMouse),
     Row(EventKey::SketchPen, text_id::kSketchPen),
@@ -63,8 +63,8 @@ constexpr ButtonDefault kDefaults[] = {
     Row(EventKey::OnlyHostReshare, text_id::kSketchClearAll),
     Row(EventKey::OnlyHostShare, text_id::kSketchClearAll),
     Row(EventKey::ControlbarSwitch, kNone, 0, text_id::kExpandedTip),
-    Row(EventKey::ExternalMeeting, text_id::kExternalMeeting, kHidden),
-    Row(EventKey::SubRoomName, kNone, kHidden),
+    Row(EventKey::ExternalMeeting, text_id::kExternalMeeting, kStatusHidden),
+    Row(EventKey::SubRoomName, kNone, kStatusHidden),
     Row(EventKey::AskHostForHelp, text_id::kAskHostForHelp),
 };
 

@@ -13,6 +13,8 @@ namespace {
 
 using VELLOMAR_LOG::Fault;
 using VELLOMAR_LOG::Info;
+using VELLOMAR_LORIMEL::kStatusHidden;
+using VELLOMAR_LORIMEL::kStatusUnread;
 
 std::int64_t AskHostForAvatar(const std::string& user_id) {
   return VELLOMAR_SERVER_API::VellomarServerApiRequester::GetInstance()->RequestParticipant(
@@ -136,7 +138,8 @@ bool ControlBarDataManager::InitTextMapping(std::vector<std::uint64_t> ids,
     return false;
   }
   std::string resource_path = VELLOMAR_COMMON::ModuleDirectory() + "res";
-  m_texts.Replace(ids, std::move(texts));  // the last that may fail before the records change
+  m_texts.Replace(std::move(ids),
+                  std::move(texts));  // the last that may fail before the records change
   m_resourcePath = std::move(resource_path);
   Info("Init controlbar res path len: {}", m_resourcePath.size());
   m_buttons.Reset();
@@ -151,10 +154,10 @@ void ControlBarDataManager::WriteDefaults() {
   for (const ButtonDefault& row : ButtonDefaults()) {
     std::int32_t status = row.status;
     if (row.key == EventKey::Record && m_meeting.role == kRoleWithoutRecording) {
-      status = VELLOMAR_LORIMEL::kStatusHidden;
+      status = kStatusHidden;
     }
     if (row.key == EventKey::ControlbarSwitch && !m_meeting.chat_count_text.empty()) {
-      status = VELLOMAR_LORIMEL::kStatusUnread;
+      status = kStatusUnread;
     }
     SetEventKeyParams(row.key, row.Label(screen_share), status, row.tip_id, row.expand, 0);
     if (row.key == EventKey::InfoText) SetButtonTooltip();

@@ -16,8 +16,9 @@ using VELLOMAR_LOG::Info;
 constexpr char kLeaveRoomIcon[] = "icon_leaveroom_filled.icon";
 constexpr char kCallEndIcon[] = "icon_call_end_filled.icon";
 
-constexpr std::int32_t kOn = VELLOMAR_LORIMEL::kStatusOn;
-constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
+using VELLOMAR_LORIMEL::kStatusHidden;
+using VELLOMAR_LORIMEL::kStatusOn;
+using VELLOMAR_LORIMEL::kStatusUnread;
 
 }  // namespace
 
@@ -40,7 +41,7 @@ void ControlBarDataManager::SetShareAudioStatus(bool is_start) {
   Info("SetShareAudioStatus isStart = {}", is_start);
   m_meeting.is_share_audio_opened = is_start;
   const std::int32_t status = GetEventKeyStatus(EventKey::ShareAudio);
-  SetEventKeyParams(EventKey::ShareAudio, is_start ? status | kOn : status & ~kOn);
+  SetEventKeyParams(EventKey::ShareAudio, is_start ? status | kStatusOn : status & ~kStatusOn);
 }
 
 bool ControlBarDataManager::GetShareAudioStatus() const {
@@ -254,7 +255,9 @@ bool ControlBarDataManager::LeavesSubRoom() const {
 
 void ControlBarDataManager::UpdateBtnShareNewExpandStatus() {
   const Scope scope(__func__);
-  const auto offered = [this](EventKey key) { return (GetEventKeyStatus(key) & kHidden) == 0; };
+  const auto offered = [this](EventKey key) {
+    return (GetEventKeyStatus(key) & kStatusHidden) == 0;
+  };
   const bool share_audio = offered(EventKey::ShareAudio);
   const bool video_clips = offered(EventKey::OptimizeForVideoClips);
   const bool keep_video = offered(EventKey::KeepMyVideoOnTheScreen);
@@ -294,10 +297,10 @@ void ControlBarDataManager::ForgetShownValues() {
   if (m_buttons.ForgetComposedLabel(EventKey::Participants)) {
     m_buttons.SetLabel(EventKey::Participants, GetNativeText(text_id::kParticipants));
   }
-  m_buttons.At(EventKey::ControlbarSwitch).status &= ~VELLOMAR_LORIMEL::kStatusUnread;
+  m_buttons.At(EventKey::ControlbarSwitch).status &= ~kStatusUnread;
   UpdateLeaveButton();
   SetComposedLabel(EventKey::SubRoomName, {});
-  m_buttons.At(EventKey::SubRoomName).status |= kHidden;
+  m_buttons.At(EventKey::SubRoomName).status |= kStatusHidden;
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

@@ -12,8 +12,8 @@ namespace VELLOMAR_CONTROLBAR {
 namespace {
 
 using text_id::kNone;
-constexpr std::int32_t kOn = VELLOMAR_LORIMEL::kStatusOn;
-constexpr std::int32_t kDisabled = VELLOMAR_LORIMEL::kStatusDisabled;
+using VELLOMAR_LORIMEL::kStatusDisabled;
+using VELLOMAR_LORIMEL::kStatusOn;
 
 }  // namespace
 
@@ -43,7 +43,7 @@ void DropDownLists::AddDeviceRows(List& list, const Row& row, const SharedDevice
     BtnParams& item = AddRow(list, row);
     item.text = device.name.c_str();
     item.valueText = device.id.c_str();
-    item.status = device.id == devices->current_id ? kOn : 0;
+    item.status = device.id == devices->current_id ? kStatusOn : 0;
   }
 }
 
@@ -187,7 +187,7 @@ BtnParams* DropDownLists::Participants(int& count) {
     row.text = participant->display_name.c_str();
     row.valueText = participant->key.c_str();
     row.iconPath = participant->avatar_path.c_str();
-    row.status = participant->flag ? 0 : kDisabled;
+    row.status = participant->flag ? 0 : kStatusDisabled;
   });
   return Finish(kParticipants, std::move(list), count);
 }

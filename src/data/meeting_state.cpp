@@ -10,9 +10,9 @@
 namespace VELLOMAR_CONTROLBAR {
 namespace {
 
-constexpr std::int32_t kOn = VELLOMAR_LORIMEL::kStatusOn;
-constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
-constexpr std::int32_t kDisabled = VELLOMAR_LORIMEL::kStatusDisabled;
+using VELLOMAR_LORIMEL::kStatusDisabled;
+using VELLOMAR_LORIMEL::kStatusHidden;
+using VELLOMAR_LORIMEL::kStatusOn;
 
 constexpr std::int32_t WithBit(std::int32_t status, std::int32_t bit, bool set) {
   return set ? status | bit : status & ~bit;
@@ -59,49 +59,49 @@ bool MeetingState::HasLiveStreamPermission() const {
 }
 
 std::int32_t MeetingState::SharingPermissionsStatus() const {
-  return host_info.showShareAccess != 0 ? 0 : kHidden;
+  return host_info.showShareAccess != 0 ? 0 : kStatusHidden;
 }
 
 std::int32_t MeetingState::OnlyHostShareStatus() const {
-  if (host_info.showShareAccess == 0) return kHidden;
-  return only_host_can_share ? kOn : 0;
+  if (host_info.showShareAccess == 0) return kStatusHidden;
+  return only_host_can_share ? kStatusOn : 0;
 }
 
 std::int32_t MeetingState::OnlyHostReshareStatus() const {
-  std::int32_t status = kHidden;
-  if (host_info.showShareAccess != 0) status = only_host_can_reshare ? kOn : 0;
-  return only_host_can_share ? status | kDisabled : status;
+  std::int32_t status = kStatusHidden;
+  if (host_info.showShareAccess != 0) status = only_host_can_reshare ? kStatusOn : 0;
+  return only_host_can_share ? status | kStatusDisabled : status;
 }
 
 std::int32_t MeetingState::PresenterAnnotateStatus() const {
-  return only_presenter_can_annotate ? kOn : 0;
+  return only_presenter_can_annotate ? kStatusOn : 0;
 }
 
 std::int32_t MeetingState::NewParticipantMicStatus() const {
-  return host_info.entryOnMuted != 0 ? kOn : 0;
+  return host_info.entryOnMuted != 0 ? kStatusOn : 0;
 }
 
 std::int32_t MeetingState::MicOperateStatus() const {
-  if (host_info.showEnableOpenMicBySelf == 0) return kHidden;
-  if (host_info.enableUseEnableOpenMicBySelf == 0) return kDisabled;
-  return host_info.enableOpenMicBySelf != 0 ? kOn : 0;
+  if (host_info.showEnableOpenMicBySelf == 0) return kStatusHidden;
+  if (host_info.enableUseEnableOpenMicBySelf == 0) return kStatusDisabled;
+  return host_info.enableOpenMicBySelf != 0 ? kStatusOn : 0;
 }
 
 std::int32_t MeetingState::ManageInterpretationStatus() const {
-  return host_type == kHostTypeHost && interpretation.can_manage ? 0 : kHidden;
+  return host_type == kHostTypeHost && interpretation.can_manage ? 0 : kStatusHidden;
 }
 
 std::int32_t MeetingState::MoveNewStatus(std::int32_t own) const {
-  return own | (host_info.enableNeedMoveToLobby != 0 ? 0 : kDisabled) |
-         (host_info.needMoveToLobby != 0 ? kOn : 0);
+  return own | (host_info.enableNeedMoveToLobby != 0 ? 0 : kStatusDisabled) |
+         (host_info.needMoveToLobby != 0 ? kStatusOn : 0);
 }
 
 std::int32_t MeetingState::SubtitlesStatus(std::int32_t own) const {
-  return WithBit(own, kOn, is_subtitle_opened);
+  return WithBit(own, kStatusOn, is_subtitle_opened);
 }
 
 std::int32_t MeetingState::LiveStreamStatus(std::int32_t own) const {
-  return WithBit(own, kOn, is_live);
+  return WithBit(own, kStatusOn, is_live);
 }
 
 }  // namespace VELLOMAR_CONTROLBAR

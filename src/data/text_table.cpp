@@ -6,7 +6,7 @@
 
 namespace VELLOMAR_CONTROLBAR {
 
-void TextTable::Replace(const std::vector<std::uint64_t>& ids, std::vector<std::string> texts) {
+void TextTable::Replace(std::vector<std::uint64_t> ids, std::vector<std::string> texts) {
   auto mapping = std::make_shared<Map>();
   for (std::size_t i = 0; i < ids.size(); ++i) {
     mapping->try_emplace(ids[i], std::move(texts[i]));  // of two texts the first stays

@@ -20,7 +20,7 @@ class TextTable {
  public:
   // Two lists of one length; of two texts with the same id the first stays. Changes nothing where
   // memory runs out.
-  void Replace(const std::vector<std::uint64_t>& ids, std::vector<std::string> texts);
+  void Replace(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
 
   const char* Find(std::uint64_t id) const;  // null for an unknown id
   bool IsEmpty() const { return m_texts->empty(); }
