@@ -46,7 +46,8 @@ void SetSketchEnable(bool enable) {
   }
   BtnParams& button = Button(EventKey::Annotate);
   { const Scope data(DATA "GetEventKeyStatus"); }
-  {
+  if (button.status != VELLOMAR_LORIMEL::kStatusLoading) {
+    { const Scope data(DATA "GetEventKeyStatus"); }
     const Scope data(DATA "SetEventKeyParams");
     button.key = EventKey::Annotate;
     constexpr std::int32_t kBit = VELLOMAR_LORIMEL::kStatusDisabled;

@@ -178,6 +178,7 @@ void InitTextMapping(std::vector<std::uint64_t> ids, std::vector<std::string> te
   }
   WriteDefaults();
   UpdateShareNew();
+  const Scope avatars(DATA "RegisterForAvatars");
 }
 
 // --- Participants
