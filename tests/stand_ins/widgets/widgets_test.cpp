@@ -242,9 +242,9 @@ TEST_F(WidgetsTest, AMemberFailsWhileItIsRefused) {
   user.refuse("CreateControlbar", false);
   ShowBar();
   user.refuse("SetEventKey", true);
-  Record(1007).status = kStatusHidden;
-  EXPECT_FALSE(lorimel.SetEventKey(Record(1007)));
-  EXPECT_TRUE(IsShown(1007));
+  Record(EventKey::Chat).status = kStatusHidden;
+  EXPECT_FALSE(lorimel.SetEventKey(Record(EventKey::Chat)));
+  EXPECT_TRUE(IsShown(EventKey::Chat));
   user.refuse("SetEventKey", false);
 }
 
