@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "frame/notify/notifier.h"
 #include "frame/log/trace_scope.h"
+#include "frame/notify/notifier.h"
 #include "manager/controlbar_manager.h"
 #include "support/counted_memory.h"
 #include "vellomar/controlbar.h"

@@ -160,7 +160,8 @@ std::string KeysAsMarkdown() {
   std::string text =
       "# Keys\n\n"
       "What the buttons of the bars and the rows of their lists are called and numbered: "
-      "`EventKey` in\n`vellomar/lorimel.h`, the same names in scenarios and in the tools. This page "
+      "`EventKey` in\n`vellomar/lorimel.h`, the same names in scenarios and in the tools. This "
+      "page "
       "is printed by\n`controlbar-host keys --markdown` from "
       "`include/vellomar/event_key_table.def`.\n\n"
       "| key | name | what it is |\n"
