@@ -29,19 +29,23 @@ all_files() { git ls-files --cached --others --exclude-standard -- '*.c' '*.h' '
 # changed_files RELEASE: what changed since then, and what includes that, through any number of
 # headers. Headers are told apart by their last name only: rather too many files than too few.
 changed_files() {
-  local names found=''
-  names=$(git diff --name-only --diff-filter=d "$1"; git ls-files --others --exclude-standard)
-  names=$(grep -E '\.(c|h|cpp|def)$' <<<"$names" || true)
-  while [ "$names" != "$found" ]; do
-    found=$names
-    [ -n "$names" ] || break
-    names=$( (
-      cat <<<"$names"
-      sed 's#.*/##; s#\.#\\.#g; s#.*#include "(.*/)?&"#' <<<"$names" |
-        git grep --untracked -lE -f - -- '*.c' '*.h' '*.cpp' '*.def'
-    ) | sort -u)
-  done
-  grep -vE '\.def$' <<<"$names" || true
+  {
+    git diff --name-only --diff-filter=d "$1"
+    git ls-files --others --exclude-standard
+    git grep --untracked -oE '#include "[^"]+"' -- '*.c' '*.h' '*.cpp' '*.def'
+  } | awk -F ':#include ' '
+    function last(path) { sub(/.*\//, "", path); return path }
+    NF == 1 && /\.(c|h|cpp|def)$/ { found[$1]; names[last($1)] }
+    NF == 2 { gsub(/"/, "", $2); file[++edges] = $1; included[edges] = last($2) }
+    END {
+      do {
+        before = length(found)
+        for (i = 1; i <= edges; ++i) {
+          if (included[i] in names) { found[file[i]]; names[last(file[i])] }
+        }
+      } while (length(found) > before)
+      for (path in found) if (path !~ /\.def$/) print path
+    }' | sort
 }
 
 files=("$@")
