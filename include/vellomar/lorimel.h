@@ -115,13 +115,13 @@ class VELLOMAR_LORIMEL_API Lorimel {
   // The one instance, created at the first call. It belongs to the library.
   static Lorimel* GetInstance();
 
-  // Creates the bar for the display rectangle x, y, width, height. `onCreated` has been called for
+  // Creates the bar for the display rectangle x, y, width, height. `on_created` has been called for
   // the main window when it returns true. `params` are the records from kFirstKey on, copied with
   // their texts before it returns. `type` is the meeting sub type, `simplify` asks for a bar with
   // the most needed buttons only. The boolean before `params` is not used.
   bool CreateControlbar(const char* title, int64_t x, int64_t y, int64_t width, int64_t height,
-                        CreatedCallback* onCreated, ClosedCallback* onClosed, bool unused,
-                        BtnParams* params, int paramsCount, int type, bool simplify);
+                        CreatedCallback* on_created, ClosedCallback* on_closed, bool unused,
+                        BtnParams* params, int params_count, int type, bool simplify);
   bool ShowControlbar(void*& handle, bool show);
   // The closed callback comes during the call or later.
   bool CloseSharedControlbar();

@@ -18,51 +18,51 @@ class AntennaEventLoop::Posted {
   // Keeps it alive while the host or the callable itself has the word.
   class Hold {
    public:
-    explicit Hold(Posted& posted) : posted_(posted) { ++posted_.holds_; }
+    explicit Hold(Posted& posted) : m_posted(posted) { ++m_posted.m_holds; }
     ~Hold() {
-      if (--posted_.holds_ == 0 && posted_.done_) delete &posted_;
+      if (--m_posted.m_holds == 0 && m_posted.m_done) delete &m_posted;
     }
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
 
    private:
-    Posted& posted_;
+    Posted& m_posted;
   };
 
   // Ends it when the block is left, however that happens.
   class EndsHere {
    public:
-    explicit EndsHere(Posted& posted) : posted_(posted) {}
-    ~EndsHere() { posted_.End(); }
+    explicit EndsHere(Posted& posted) : m_posted(posted) {}
+    ~EndsHere() { m_posted.End(); }
     EndsHere(const EndsHere&) = delete;
     EndsHere& operator=(const EndsHere&) = delete;
 
    private:
-    Posted& posted_;
+    Posted& m_posted;
   };
 
-  Posted(const char* name, Task task) : name_(name), task_(std::move(task)), next_(s_all.first) {
-    if (next_ != nullptr) next_->previous_ = this;
+  Posted(const char* name, Task task) : m_name(name), m_task(std::move(task)), m_next(s_all.first) {
+    if (m_next != nullptr) m_next->m_previous = this;
     s_all.first = this;
   }
   ~Posted() {
-    (previous_ != nullptr ? previous_->next_ : s_all.first) = next_;
-    if (next_ != nullptr) next_->previous_ = previous_;
+    (m_previous != nullptr ? m_previous->m_next : s_all.first) = m_next;
+    if (m_next != nullptr) m_next->m_previous = m_previous;
   }
   Posted(const Posted&) = delete;
   Posted& operator=(const Posted&) = delete;
 
-  void Run() { task_(); }
-  const char* Name() const { return name_; }
+  void Run() { m_task(); }
+  const char* Name() const { return m_name; }
   // It has run for the last time, or is cancelled.
-  bool Done() const { return done_; }
+  bool Done() const { return m_done; }
 
   // Takes a node that is there already: recording cannot fail. An earlier record of the same id is
   // replaced; the task that it named still runs when the host calls it.
   void Record(AntennaEventLoop& loop, Route route, Id id, TaskMap::node_type node) {
-    life_ = loop.m_life;
-    route_ = route;
-    id_ = id;
+    m_life = loop.m_life;
+    m_route = route;
+    m_id = id;
     node.key() = id;
     node.mapped() = this;
     const auto recorded = (loop.*route).insert(std::move(node));
@@ -72,11 +72,11 @@ class AntennaEventLoop::Posted {
   // Not to be called any more: forgotten now, freed when nobody holds it. To be called under a
   // Hold.
   void End() {
-    done_ = true;
-    AntennaEventLoop* const loop = route_ != nullptr ? Living(life_) : nullptr;
+    m_done = true;
+    AntennaEventLoop* const loop = m_route != nullptr ? Living(m_life) : nullptr;
     if (loop == nullptr) return;
-    const auto found = (loop->*route_).find(id_);
-    if (found != (loop->*route_).end() && found->second == this) (loop->*route_).erase(found);
+    const auto found = (loop->*m_route).find(m_id);
+    if (found != (loop->*m_route).end() && found->second == this) (loop->*m_route).erase(found);
   }
 
  private:
@@ -89,15 +89,15 @@ class AntennaEventLoop::Posted {
   };
   inline static All s_all{nullptr};
 
-  const char* name_;
-  Task task_;
-  Posted* next_;
-  Posted* previous_ = nullptr;
-  std::uint64_t life_ = 0;
-  Route route_ = nullptr;  // none while the host has not answered
-  Id id_ = 0;
-  int holds_ = 0;
-  bool done_ = false;
+  const char* m_name;
+  Task m_task;
+  Posted* m_next;
+  Posted* m_previous = nullptr;
+  std::uint64_t m_life = 0;
+  Route m_route = nullptr;  // none while the host has not answered
+  Id m_id = 0;
+  int m_holds = 0;
+  bool m_done = false;
 };
 
 void AntennaEventLoop::Init(const EventLoopTable& table) {

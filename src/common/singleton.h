@@ -21,19 +21,19 @@ class Singleton {
   // Creates the object at the first call. It lives until DestroyInstance, or else until the library
   // is unloaded: the host may load and unload the plug-in many times in one process.
   static T* GetInstance() {
-    if (instance_ == nullptr) instance_ = std::make_unique<T>();
-    return instance_.get();
+    if (m_instance == nullptr) m_instance = std::make_unique<T>();
+    return m_instance.get();
   }
 
-  static bool HasInstance() { return instance_ != nullptr; }
+  static bool HasInstance() { return m_instance != nullptr; }
 
-  static void DestroyInstance() { instance_.reset(); }
+  static void DestroyInstance() { m_instance.reset(); }
 
  protected:
   Singleton() = default;
 
  private:
-  inline static std::unique_ptr<T> instance_;
+  inline static std::unique_ptr<T> m_instance;
 };
 
 }  // namespace VELLOMAR_COMMON

@@ -43,7 +43,7 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void SetControlBarSimplifyEnable(bool enable);
 
   // Callbacks of the widget library. [UI thread]
-  void OnControlbarCreated(void* handle, bool isMain, std::uint64_t id, std::int64_t x,
+  void OnControlbarCreated(void* handle, bool is_main, std::uint64_t id, std::int64_t x,
                            std::int64_t y, std::int64_t width, std::int64_t height);
   void OnControlbarClosed(void* handle);
   BtnParams* OnGetWindowInfo(EventKey key, int& count);
@@ -54,7 +54,7 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void UpdateUIElement(EventKey key);
   void SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts);
   void SetTestContentMap(const std::vector<std::uint64_t>& keys, std::vector<std::string> texts);
-  void SetItemValue(EventKey key, bool hasExpend, std::string itemName, std::string itemText,
+  void SetItemValue(EventKey key, bool has_expend, std::string item_name, std::string item_text,
                     std::string tag, std::int32_t sta);
 
   // --- Tips (tips.cpp)
@@ -115,8 +115,8 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void SetSketchVisible(bool visible);
   void SetInterpretationEnable(bool enable);
   void UpdateInterpreationBtnStatus();
-  void SetShareAccess(std::int64_t onlyHost, std::int64_t onlyHostCanStartAnyTime,
-                      std::int64_t onlyThePresenterCanAnnotate);
+  void SetShareAccess(std::int64_t only_host, std::int64_t only_host_can_start_any_time,
+                      std::int64_t only_the_presenter_can_annotate);
   void SetSharingStatus(bool pause, std::int64_t sta);
   void SetUnderControl(std::int64_t status, std::string user_id, std::string display_name);
   void SetRemoteControlPause(bool pause);

@@ -149,14 +149,15 @@ void ControlbarManager::UpdateInterpreationBtnStatus() {
   Apply(Shown(EventKey::Interpretation, shown));
 }
 
-void ControlbarManager::SetShareAccess(std::int64_t onlyHost, std::int64_t onlyHostCanStartAnyTime,
-                                       std::int64_t onlyThePresenterCanAnnotate) {
+void ControlbarManager::SetShareAccess(std::int64_t only_host,
+                                       std::int64_t only_host_can_start_any_time,
+                                       std::int64_t only_the_presenter_can_annotate) {
   const Scope scope(__func__);
   Info("SetShareAccess onlyhost: {},onlyHostCanStartAnyTime: {}, onlyThePresenterCanAnnotate: {}",
-       onlyHost, onlyHostCanStartAnyTime, onlyThePresenterCanAnnotate);
-  m_data->SetOnlyHostCanShare(IsOn(onlyHost));
-  m_data->SetOnlyHostCanReshare(IsOn(onlyHostCanStartAnyTime));
-  m_data->SetOnlyPresenterCanAnnotate(IsOn(onlyThePresenterCanAnnotate));
+       only_host, only_host_can_start_any_time, only_the_presenter_can_annotate);
+  m_data->SetOnlyHostCanShare(IsOn(only_host));
+  m_data->SetOnlyHostCanReshare(IsOn(only_host_can_start_any_time));
+  m_data->SetOnlyPresenterCanAnnotate(IsOn(only_the_presenter_can_annotate));
   RefreshShareNew();
 }
 

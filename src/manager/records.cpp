@@ -94,16 +94,16 @@ void ControlbarManager::SetTestContentMap(const std::vector<std::uint64_t>& keys
   for (BtnParams* const params : records) Push(*params);
 }
 
-void ControlbarManager::SetItemValue(EventKey key, bool hasExpend, std::string itemName,
-                                     std::string itemText, std::string tag, std::int32_t sta) {
+void ControlbarManager::SetItemValue(EventKey key, bool has_expend, std::string item_name,
+                                     std::string item_text, std::string tag, std::int32_t sta) {
   const Scope scope(__func__);
   VELLOMAR_LOG::Info(
       "[Controlbar] Set value btnKey: {}, hasExpend: {}, itemName: {}, item text: {}, tag: {}, "
       "sta: {}.",
-      static_cast<int>(key), hasExpend, itemName, itemText, tag, sta);
+      static_cast<int>(key), has_expend, item_name, item_text, tag, sta);
   BtnParams* const params = Record(key);
   if (params == nullptr) return;
-  m_data->SetItem(key, hasExpend, std::move(itemName), std::move(itemText), std::move(tag), sta);
+  m_data->SetItem(key, has_expend, std::move(item_name), std::move(item_text), std::move(tag), sta);
   Push(*params);
 }
 

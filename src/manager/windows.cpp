@@ -135,12 +135,12 @@ bool ControlbarManager::CloseSharedControlbar() {
   return Lorimel::GetInstance()->CloseSharedControlbar();
 }
 
-void ControlbarManager::OnControlbarCreated(void* handle, bool isMain, std::uint64_t id,
+void ControlbarManager::OnControlbarCreated(void* handle, bool is_main, std::uint64_t id,
                                             std::int64_t x, std::int64_t y, std::int64_t width,
                                             std::int64_t height) {
   const Scope scope(__func__);
   const VellomarRect position{x, y, width, height};
-  if (!isMain) {
+  if (!is_main) {
     Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_popupCreated>(id, position);
     VELLOMAR_LOG::Info("[Controlbar] controlbar popup window Created,position: {},{},{},{}.", x, y,
                        width, height);

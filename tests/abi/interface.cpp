@@ -9,11 +9,11 @@
 
 #define DESCRIBED extern "C" __attribute__((visibility("default"))) void
 
-#define VELLOMAR_COMMAND(id, name, record, route, operation, fields) \
+#define VELLOMAR_COMMAND(id, name, record, route, operation, fields, meaning) \
   DESCRIBED described_command_##name(record*) {}
 #include "vellomar/command_table.def"
 
-#define VELLOMAR_NOTIFICATION(id, name, record, fields) \
+#define VELLOMAR_NOTIFICATION(id, name, record, fields, meaning) \
   DESCRIBED described_notification_##name(record*) {}
 #include "vellomar/notification_table.def"
 

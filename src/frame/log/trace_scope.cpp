@@ -30,13 +30,13 @@ std::uint64_t NowMilliseconds() {
 }
 
 TraceScope::TraceScope(std::string_view function, std::string_view qualifier, const char* module)
-    : function_(function), qualifier_(qualifier), module_(module), start_(NowMilliseconds()) {
-  WriteJoined(module_, std::string_view("entry "), qualifier_, function_);
+    : m_function(function), m_qualifier(qualifier), m_module(module), m_start(NowMilliseconds()) {
+  WriteJoined(m_module, std::string_view("entry "), m_qualifier, m_function);
 }
 
 TraceScope::~TraceScope() {
-  const fmt::format_int cost(NowMilliseconds() - start_);
-  WriteJoined(module_, std::string_view("exit "), qualifier_, function_,
+  const fmt::format_int cost(NowMilliseconds() - m_start);
+  WriteJoined(m_module, std::string_view("exit "), m_qualifier, m_function,
               std::string_view(", cost : "), std::string_view(cost.data(), cost.size()));
 }
 

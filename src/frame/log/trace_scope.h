@@ -30,10 +30,10 @@ class TraceScope {
   TraceScope& operator=(const TraceScope&) = delete;
 
  private:
-  std::string_view function_;
-  std::string_view qualifier_;
-  const char* module_;
-  std::uint64_t start_;  // milliseconds
+  std::string_view m_function;
+  std::string_view m_qualifier;
+  const char* m_module;
+  std::uint64_t m_start;  // milliseconds
 };
 
 // Milliseconds of the system's clock, counted in its 100-nanosecond ticks.

@@ -55,7 +55,7 @@ typedef void VELLOMAR_ABI LorimelObserver(void* context, const char* member,
  * "pick", the value text of the row (else null). Not called for what the driver does. [UI thread]
  */
 typedef void VELLOMAR_ABI LorimelUserObserver(void* context, const char* action, int32_t key,
-                                              const char* valueText);
+                                              const char* value_text);
 
 typedef struct LorimelDriver {
   const char* name; /* "qt" or "headless" */
@@ -76,7 +76,7 @@ typedef struct LorimelDriver {
    * -1 where a user could not open it. Takes the key of the button or of the window. */
   int32_t(VELLOMAR_ABI* open)(int32_t key);
   /* Picks a row of the open window: the first with this key and, unless null, this value text. */
-  bool(VELLOMAR_ABI* pick)(int32_t key, const char* valueText);
+  bool(VELLOMAR_ABI* pick)(int32_t key, const char* value_text);
   /* Closes the open window, if any. */
   void(VELLOMAR_ABI* closeList)(void);
   /* Closes the bar as the user does with the window's own means. */

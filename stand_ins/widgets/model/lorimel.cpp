@@ -44,11 +44,11 @@ Lorimel* Lorimel::GetInstance() {
 }
 
 bool Lorimel::CreateControlbar(const char* title, std::int64_t x, std::int64_t y,
-                               std::int64_t width, std::int64_t height, CreatedCallback* onCreated,
-                               ClosedCallback* onClosed, bool /*unused*/, BtnParams* params,
-                               int paramsCount, int /*type*/, bool simplify) {
+                               std::int64_t width, std::int64_t height, CreatedCallback* on_created,
+                               ClosedCallback* on_closed, bool /*unused*/, BtnParams* params,
+                               int params_count, int /*type*/, bool simplify) {
   Model* model = Called("CreateControlbar");
-  if (model == nullptr || paramsCount < 0 || (params == nullptr && paramsCount > 0)) {
+  if (model == nullptr || params_count < 0 || (params == nullptr && params_count > 0)) {
     return false;
   }
   return model->Create({.title = OrEmpty(title),
@@ -56,9 +56,9 @@ bool Lorimel::CreateControlbar(const char* title, std::int64_t x, std::int64_t y
                         .y = y,
                         .width = width,
                         .height = height,
-                        .on_created = onCreated,
-                        .on_closed = onClosed,
-                        .records = CopyRecords(params, paramsCount),
+                        .on_created = on_created,
+                        .on_closed = on_closed,
+                        .records = CopyRecords(params, params_count),
                         .simplify = simplify});
 }
 
