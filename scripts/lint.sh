@@ -13,7 +13,8 @@ clean: all of them, those named, or those that changed since the last release wi
 include them (all where there was no release). Uses the compile commands of the presets linux and,
 for what Linux does not compile, windows.
 
-What counts is what the tools of Debian 12 say (version 14); of others, findings are only shown.'
+clang-format is version 19, which Debian 12 and 13 both have. Of clang-tidy version 14 counts, that of
+Debian 12; of others, findings are only shown.'
     exit
     ;;
   --changed) changed=yes; shift ;;
@@ -114,7 +115,7 @@ tidy_all() {
 
 failed=()
 step "clang-format: ${#files[@]} files"
-clang-format --dry-run -Werror "${files[@]}" || failed+=(clang-format)
+clang-format-19 --dry-run -Werror "${files[@]}" || failed+=(clang-format)
 
 mkdir -p build/lint
 for_linux=$(batches linux)
@@ -130,7 +131,7 @@ tidy_all "$for_windows" --extra-arg=--target=i686-w64-mingw32 --extra-arg=-isyst
   --extra-arg=-isystem"$mingw/c++/i686-w64-mingw32" || failed+=('clang-tidy for Windows')
 if [ ${#failed[@]} -eq 0 ]; then
   step 'clean'
-elif [[ "$(clang-format --version)" == *' version 14.'* ]]; then
+elif [[ ${failed[*]} == *clang-format* || $(clang-tidy --version) == *' version 14.'* ]]; then
   fail "not clean: ${failed[*]}"
 else
   step "not clean, but not by version 14: ${failed[*]}"
