@@ -45,9 +45,13 @@ void SetSketchEnable(bool enable) {
     Line("datamanager setsketchenable {}", enable);
   }
   BtnParams& button = Button(EventKey::Annotate);
-  { const Scope data(DATA "GetEventKeyStatus"); }
+  {
+    const Scope data(DATA "GetEventKeyStatus");
+  }
   if (button.status != VELLOMAR_LORIMEL::kStatusLoading) {
-    { const Scope data(DATA "GetEventKeyStatus"); }
+    {
+      const Scope data(DATA "GetEventKeyStatus");
+    }
     const Scope data(DATA "SetEventKeyParams");
     button.key = EventKey::Annotate;
     constexpr std::int32_t kBit = VELLOMAR_LORIMEL::kStatusDisabled;
@@ -55,7 +59,9 @@ void SetSketchEnable(bool enable) {
   }
   const Scope update(MANAGER "UpdateUIElement");
   Line("update lorimel ui: {}", static_cast<int>(button.key));
-  { const Scope data(DATA "GetEventKeyParams"); }
+  {
+    const Scope data(DATA "GetEventKeyParams");
+  }
   Lorimel::GetInstance()->SetEventKey(button);
 }
 
@@ -85,7 +91,9 @@ void SetItemValue(EventKey key, bool expand, ItemTexts texts, std::int32_t statu
       "sta: {}.",
       static_cast<int>(key), expand, texts.name, texts.text, texts.tag, status);
   BtnParams& button = Button(key);
-  { const Scope data(DATA "GetEventKeyParams"); }
+  {
+    const Scope data(DATA "GetEventKeyParams");
+  }
   {
     const Scope data(DATA "SetItem");
     ItemTexts& kept = item_texts[key];
@@ -103,7 +111,9 @@ void SetItemValue(EventKey key, bool expand, ItemTexts texts, std::int32_t statu
 void SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts) {
   const Scope scope(MANAGER "SetTextMap");
   InitTextMapping(std::move(ids), std::move(texts));
-  { const Scope data(DATA "GetAllParams"); }
+  {
+    const Scope data(DATA "GetAllParams");
+  }
   for (int key = VELLOMAR_LORIMEL::kFirstKey; key <= VELLOMAR_LORIMEL::kLastKey; ++key) {
     Lorimel::GetInstance()->SetEventKey(Button(static_cast<EventKey>(key)));
   }
@@ -147,7 +157,9 @@ void PostText(const VellomarText& record) {
 }
 
 void Send(std::uint32_t id, void* payload) {
-  if (notify != nullptr) notify(VELLOMAR_SENDER, id, 0, payload);
+  if (notify != nullptr) {
+    notify(VELLOMAR_SENDER, id, 0, payload);
+  }
 }
 
 // A copy that the host may keep pointing into until it returns.
@@ -219,7 +231,9 @@ template bool CallEvent<HostPost>(std::uint32_t id, void* payload);
 template bool CallEvent<AsioPost>(std::uint32_t id, void* payload);
 
 void OnEvent(BtnParams& params) {
-  if (!reports_moving && params.key == EventKey::WidgetMoving) return;
+  if (!reports_moving && params.key == EventKey::WidgetMoving) {
+    return;
+  }
   const Scope scope(MANAGER "OnUIEvent");
   Line("OnUIEvent type:{}", static_cast<int>(params.key));
   {
@@ -230,7 +244,9 @@ void OnEvent(BtnParams& params) {
     VellomarUiEvent record{static_cast<std::int64_t>(params.key), name.copy, text.copy, tag.copy};
     Send(VELLOMAR_NOTIFY_uiEvent, &record);
   }
-  if (params.key != EventKey::MuteAudio) return;
+  if (params.key != EventKey::MuteAudio) {
+    return;
+  }
   const Scope handler(MANAGER "OnMuteAudio");
   const bool mute = (params.status & VELLOMAR_LORIMEL::kStatusOn) == 0;
   {

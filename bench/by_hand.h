@@ -87,7 +87,9 @@ struct HostPost {
     auto* const task = static_cast<Task*>(context);
     (*task)();
     for (auto next = tasks.begin(); next != tasks.end(); ++next) {
-      if (next->second != task) continue;
+      if (next->second != task) {
+        continue;
+      }
       tasks.erase(next);
       break;
     }

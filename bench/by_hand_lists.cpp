@@ -130,7 +130,9 @@ void WriteDefaults() {
       button.toolTip = row.tip != 0 ? Text(row.tip) : "";
       button.valueText = "";
     }
-    if (button.key != EventKey::InfoText) continue;
+    if (button.key != EventKey::InfoText) {
+      continue;
+    }
     const Scope scope(DATA "SetButtonTooltip");
     button.toolTip = Text(10084);
     button.secondToolTip = Text(10089);
@@ -166,7 +168,9 @@ void InitTextMapping(std::vector<std::uint64_t> ids, std::vector<std::string> te
   resource_path += "res";
   Line("Init controlbar res path len: {}", resource_path.size());
   auto map = std::make_shared<TextMap>();
-  for (std::size_t i = 0; i < ids.size(); ++i) map->try_emplace(ids[i], std::move(texts[i]));
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    map->try_emplace(ids[i], std::move(texts[i]));
+  }
   const auto old = std::exchange(texts_by_id, std::move(map));
   for (std::size_t i = 0; i < buttons.size(); ++i) {
     buttons[i].key = static_cast<EventKey>(kFirstKey + static_cast<std::int32_t>(i));
@@ -242,7 +246,9 @@ void UpdateParticipants(const Snapshot& snapshot) {
     key.append(digits, end.ptr);
     Entry& entry = people[key];
     entry.update = updates;
-    if (!entry.person || !IsSame(*entry.person, item)) entry.person = MakePerson(key, item);
+    if (!entry.person || !IsSame(*entry.person, item)) {
+      entry.person = MakePerson(key, item);
+    }
   }
   std::erase_if(people, [](const auto& entry) { return entry.second.update != updates; });
 }
@@ -267,7 +273,9 @@ BtnParams* FormatParticipants(int& count) {
   rows.push_back(header);
   for (const auto& [key, entry] : people) {
     const Person& person = *entry.person;
-    if (person.room != sub_room) continue;
+    if (person.room != sub_room) {
+      continue;
+    }
     owners.push_back(entry.person);
     BtnParams row{};
     row.key = EventKey::ParticipantRow;
@@ -309,7 +317,9 @@ constexpr Row kHostControl[] = {
 std::int32_t HostControlStatus(const Row& row) {
   const auto on = [](bool setting) { return setting ? kStatusOn : 0; };
   const bool shares = host_info.showShareAccess != 0;
-  if (row.text == 10025) return shares ? 0 : kStatusHidden;
+  if (row.text == 10025) {
+    return shares ? 0 : kStatusHidden;
+  }
   switch (row.key) {
     case EventKey::MoveNew:
       return Button(row.key).status | (host_info.enableNeedMoveToLobby != 0 ? 0 : kStatusDisabled) |
@@ -324,8 +334,12 @@ std::int32_t HostControlStatus(const Row& row) {
     case EventKey::NewParticipantMic:
       return on(host_info.entryOnMuted != 0);
     case EventKey::MicOperate:
-      if (host_info.showEnableOpenMicBySelf == 0) return kStatusHidden;
-      if (host_info.enableUseEnableOpenMicBySelf == 0) return kStatusDisabled;
+      if (host_info.showEnableOpenMicBySelf == 0) {
+        return kStatusHidden;
+      }
+      if (host_info.enableUseEnableOpenMicBySelf == 0) {
+        return kStatusDisabled;
+      }
       return on(host_info.enableOpenMicBySelf != 0);
     default:
       return 0;
@@ -349,7 +363,9 @@ BtnParams* FormatHostControl(int& count) {
     if (item.key == EventKey::JoinPermission) {
       row.groupValue = static_cast<std::int32_t>(host_info.selectedSecurityLevel - 1);
     }
-    if (item.key == EventKey::MoveNew) row.extraText = move_new->c_str();
+    if (item.key == EventKey::MoveNew) {
+      row.extraText = move_new->c_str();
+    }
     rows.push_back(row);
   }
   count = static_cast<int>(rows.size());
@@ -361,8 +377,12 @@ BtnParams* FormatHostControl(int& count) {
 BtnParams* OnShowWindow(EventKey key, int& count) {
   const Scope scope(MANAGER "OnGetWindowInfo");
   BtnParams* rows = nullptr;
-  if (key == EventKey::RemoteControl) rows = FormatParticipants(count);
-  if (key == EventKey::HostControlWindow) rows = FormatHostControl(count);
+  if (key == EventKey::RemoteControl) {
+    rows = FormatParticipants(count);
+  }
+  if (key == EventKey::HostControlWindow) {
+    rows = FormatHostControl(count);
+  }
   Line("[Controlbar] window info callback, item count: {}, item data: {}", count, fmt::ptr(rows));
   return rows;
 }

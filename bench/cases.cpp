@@ -86,7 +86,9 @@ struct Texts {
       ids.push_back(static_cast<std::int64_t>(10001 + i));
       texts.push_back("The label of text number " + std::to_string(i));
     }
-    for (const std::string& text : texts) pointers.push_back(text.c_str());
+    for (const std::string& text : texts) {
+      pointers.push_back(text.c_str());
+    }
     const auto size = static_cast<std::int32_t>(count);
     record = {ids.data(), size, pointers.data(), size};
   }

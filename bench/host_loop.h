@@ -25,7 +25,9 @@ class HostLoop {
   }
 
   static void RunAll() {
-    for (std::size_t i = 0; i < waiting_.size(); ++i) waiting_[i].callback(waiting_[i].context);
+    for (std::size_t i = 0; i < waiting_.size(); ++i) {
+      waiting_[i].callback(waiting_[i].context);
+    }
     waiting_.clear();
   }
 

@@ -13,11 +13,15 @@ namespace {
 
 void Register(const std::string& name, const std::function<void()>& prepare,
               const std::function<void()>& work) {
-  if (!work) return;
+  if (!work) {
+    return;
+  }
   benchmark::RegisterBenchmark(name.c_str(), [&prepare, &work](benchmark::State& state) {
     prepare();
     work();  // the first run grows what later runs reuse
-    for (auto _ : state) work();
+    for (auto _ : state) {
+      work();
+    }
   })->Unit(benchmark::kNanosecond);
 }
 
@@ -31,7 +35,9 @@ int main(int argc, char** argv) {
     return 1;
   }
   benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    return 2;
+  }
   for (std::size_t i = 0; i < cases.size(); ++i) {
     const bench::Case& c = cases[i];
     Register(bench::Table::Name(i, "plugin"), c.prepare, c.plugin);

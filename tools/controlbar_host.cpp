@@ -58,11 +58,15 @@ using Row = std::vector<std::string>;
 void PrintTable(const std::vector<Row>& rows) {
   std::vector<std::size_t> widths(rows.front().size());
   for (const Row& row : rows) {
-    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      widths[i] = std::max(widths[i], row[i].size());
+    }
   }
   for (const Row& row : rows) {
     std::string line;
-    for (std::size_t i = 0; i < row.size(); ++i) line += fmt::format("{:<{}}  ", row[i], widths[i]);
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      line += fmt::format("{:<{}}  ", row[i], widths[i]);
+    }
     fmt::print("{}\n", line.substr(0, line.find_last_not_of(' ') + 1));
   }
 }
@@ -78,7 +82,9 @@ int PrintRow(const Row* row, std::string_view what, const std::string& name) {
 }
 
 int PrintCommands(bool markdown, const std::string& name) {
-  if (!name.empty()) return PrintRow(vellomar_host::FindCommand(name), "command", name);
+  if (!name.empty()) {
+    return PrintRow(vellomar_host::FindCommand(name), "command", name);
+  }
   if (markdown) {
     fmt::print("{}", vellomar_tools::CommandsAsMarkdown());
     return kOk;
@@ -95,7 +101,9 @@ int PrintCommands(bool markdown, const std::string& name) {
 }
 
 int PrintNotifications(bool markdown, const std::string& name) {
-  if (!name.empty()) return PrintRow(vellomar_host::FindNotification(name), "notification", name);
+  if (!name.empty()) {
+    return PrintRow(vellomar_host::FindNotification(name), "notification", name);
+  }
   if (markdown) {
     fmt::print("{}", vellomar_tools::NotificationsAsMarkdown());
     return kOk;
@@ -145,7 +153,9 @@ int Play(const PlayArguments& arguments) {
                                    : arguments.json ? Transcript::Form::kJsonLines
                                                     : Transcript::Form::kText);
   const auto failure = vellomar_host::PlayScenario(scenario, options, transcript);
-  if (!failure) return kOk;
+  if (!failure) {
+    return kOk;
+  }
   fmt::print(stderr, "{}\n", *failure);
   return kExpectationFailed;
 }
@@ -190,8 +200,12 @@ int Run(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kOk : kCannotRun;
   }
-  if (play->parsed()) return Play(arguments);
-  if (keys->parsed()) return PrintKeys(markdown);
+  if (play->parsed()) {
+    return Play(arguments);
+  }
+  if (keys->parsed()) {
+    return PrintKeys(markdown);
+  }
   return commands->parsed() ? PrintCommands(markdown, name) : PrintNotifications(markdown, name);
 }
 

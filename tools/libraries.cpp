@@ -25,7 +25,9 @@ path FindLibrary(std::string_view name, Flavour flavour) {
     }
   }
   for (const path& place : places) {
-    if (std::filesystem::exists(place)) return std::filesystem::canonical(place);
+    if (std::filesystem::exists(place)) {
+      return std::filesystem::canonical(place);
+    }
   }
   return places.front().lexically_normal();
 }

@@ -29,7 +29,9 @@ std::vector<std::string> Arguments(int argc, char** argv) {
 bool HasDisplay() {
   // Qt draws into memory under these two whatever display there is.
   const std::string_view platform = Environment("QT_QPA_PLATFORM");
-  if (platform.starts_with("offscreen") || platform.starts_with("minimal")) return false;
+  if (platform.starts_with("offscreen") || platform.starts_with("minimal")) {
+    return false;
+  }
   return !Environment("DISPLAY").empty() || !Environment("WAYLAND_DISPLAY").empty();
 }
 

@@ -68,7 +68,9 @@ std::string FieldsWithOffsets(std::string_view fields) {
     text += fmt::format("{}{} `{}{}{} {}`", text.empty() ? "" : ", ", field.offset,
                         field.is_out ? "out " : "", vellomar_host::TypeName(field.type),
                         field.is_array ? "[]" : "", field.name);
-    if (field.is_array) text += fmt::format(" (count {})", field.count_offset);
+    if (field.is_array) {
+      text += fmt::format(" (count {})", field.count_offset);
+    }
   }
   return text;
 }
@@ -80,10 +82,14 @@ std::string Notation(const Used& used) {
       "32-bit\ninterface, with pointers of 4 bytes and 64-bit fields aligned on 8; in a 64-bit "
       "build "
       "pointers are\nwider and the order stays.";
-  if (used.out) text += " `out` marks what the plug-in writes.";
+  if (used.out) {
+    text += " `out` marks what the plug-in writes.";
+  }
   text += "\n\n| type | bytes | meaning |\n|---|---|---|\n";
   for (const auto& [type, meaning] : kMeanings) {
-    if (!used.types.contains(type)) continue;
+    if (!used.types.contains(type)) {
+      continue;
+    }
     const std::string_view name = vellomar_host::TypeName(type);
     text += fmt::format(
         "| `{}` | {} | {} |\n", name, LayoutOf(fmt::format("{} x", name)).size,
@@ -102,14 +108,18 @@ std::string Notation(const Used& used) {
 template <typename Table>
 std::string Meanings(const Table& table) {
   std::string text = "\n## What they mean\n\n";
-  for (const auto& row : table) text += fmt::format("- `{}`: {}\n", row.name, row.meaning);
+  for (const auto& row : table) {
+    text += fmt::format("- `{}`: {}\n", row.name, row.meaning);
+  }
   return text;
 }
 
 template <typename Table>
 Used UsedIn(const Table& table) {
   Used used;
-  for (const auto& row : table) Note(row.fields, used);
+  for (const auto& row : table) {
+    Note(row.fields, used);
+  }
   return used;
 }
 

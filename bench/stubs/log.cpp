@@ -23,5 +23,7 @@ int CreateVellomarLogger(std::uint32_t, const char*, const char*, const char*, i
 }
 
 void VellomarLogWrite(const char*, int, const char* text) {
-  if (bench::log_observer != nullptr) bench::log_observer(text);
+  if (bench::log_observer != nullptr) {
+    bench::log_observer(text);
+  }
 }

@@ -17,7 +17,9 @@ WidgetCallbacks callbacks;
 char window = 0;  // its address is the bar's handle
 
 void Tell(const char* change, std::int64_t a, std::int64_t b, const char* text) {
-  if (widget_observer == nullptr) return;
+  if (widget_observer == nullptr) {
+    return;
+  }
   const std::string line = std::string(change) + ' ' + std::to_string(a) + ' ' + std::to_string(b) +
                            ' ' + (text != nullptr ? text : "(none)");
   widget_observer(line.c_str());
@@ -25,9 +27,13 @@ void Tell(const char* change, std::int64_t a, std::int64_t b, const char* text) 
 
 // Asks for no memory: some is refused while it is used.
 void Read(std::initializer_list<const char*> texts) {
-  if (text_reader == nullptr) return;
+  if (text_reader == nullptr) {
+    return;
+  }
   for (const char* text : texts) {
-    if (text != nullptr) text_reader(text);
+    if (text != nullptr) {
+      text_reader(text);
+    }
   }
 }
 
@@ -66,7 +72,9 @@ bool Lorimel::CreateControlbar(const char* title, std::int64_t, std::int64_t, st
 
 bool Lorimel::CloseSharedControlbar() {
   ClosedCallback* const closed = std::exchange(bench::callbacks.on_closed, nullptr);
-  if (closed != nullptr) closed(&bench::window);
+  if (closed != nullptr) {
+    closed(&bench::window);
+  }
   return true;
 }
 

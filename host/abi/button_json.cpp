@@ -35,7 +35,9 @@ json CheckExpectedButton(const json& expected) {
       throw HostError(fmt::format("a button has no \"{}\"", member.key()));
     }
     json value = member.value();
-    if (member.key() == "key") value = ReadKey(value);
+    if (member.key() == "key") {
+      value = ReadKey(value);
+    }
     const bool same_type =
         field->is_number() ? value.is_number_integer() : value.type() == field->type();
     if (!same_type) {

@@ -21,7 +21,9 @@ std::span<const KeyRow> Keys() {
 std::optional<std::int32_t> KeyByName(std::string_view name) {
   const auto* const row = std::find_if(kKeys.begin(), kKeys.end(),
                                        [name](const KeyRow& entry) { return entry.name == name; });
-  if (row == kKeys.end()) return std::nullopt;
+  if (row == kKeys.end()) {
+    return std::nullopt;
+  }
   return row->key;
 }
 

@@ -42,13 +42,17 @@ const TypeRow& RowOf(FieldType type) {
 }
 
 bool TakePrefix(std::string_view& text, std::string_view prefix) {
-  if (!text.starts_with(prefix)) return false;
+  if (!text.starts_with(prefix)) {
+    return false;
+  }
   text.remove_prefix(prefix.size());
   return true;
 }
 
 bool TakeSuffix(std::string_view& text, std::string_view suffix) {
-  if (!text.ends_with(suffix)) return false;
+  if (!text.ends_with(suffix)) {
+    return false;
+  }
   text.remove_suffix(suffix.size());
   return true;
 }
@@ -98,7 +102,9 @@ Layout ParseLayout(std::string_view notation, std::size_t pointer_size) {
     const auto end = notation.find(kSeparator);
     AddField(layout, notation.substr(0, end), pointer_size);
     more = end != std::string_view::npos;
-    if (more) notation.remove_prefix(end + kSeparator.size());
+    if (more) {
+      notation.remove_prefix(end + kSeparator.size());
+    }
   }
   layout.size = (layout.size + layout.alignment - 1) / layout.alignment * layout.alignment;
   return layout;

@@ -11,7 +11,9 @@ namespace vellomar_host {
 
 SharedLibrary::SharedLibrary(const std::filesystem::path& file)
     : file_(file), handle_(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL)) {
-  if (handle_ != nullptr) return;
+  if (handle_ != nullptr) {
+    return;
+  }
   const char* reason = dlerror();
   throw HostError(fmt::format("cannot load \"{}\": {}", file_.string(),
                               reason != nullptr ? reason : "unknown reason"));

@@ -31,7 +31,9 @@ class SharedLibrary {
   template <typename Function>
   Function* Resolve(const char* name) const {
     auto* function = Find<Function>(name);
-    if (function == nullptr) ThrowMissing(name);
+    if (function == nullptr) {
+      ThrowMissing(name);
+    }
     return function;
   }
 

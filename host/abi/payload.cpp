@@ -77,12 +77,16 @@ class Encoder {
 
   void EncodeRecord(const Layout& layout, const json& values, const std::string& path,
                     std::byte* record) {
-    if (!values.is_object()) Fail(path, "an object", values);
+    if (!values.is_object()) {
+      Fail(path, "an object", values);
+    }
     for (const auto& member : values.items()) {
       const bool known =
           std::any_of(layout.fields.begin(), layout.fields.end(),
                       [&](const Field& field) { return field.name == member.key(); });
-      if (!known) throw HostError(fmt::format("{} has no \"{}\"", subject_, path + member.key()));
+      if (!known) {
+        throw HostError(fmt::format("{} has no \"{}\"", subject_, path + member.key()));
+      }
     }
     for (const Field& field : layout.fields) {
       const auto value = values.find(field.name);
@@ -100,8 +104,12 @@ class Encoder {
  private:
   void EncodeArray(const Field& field, const json& values, const std::string& path,
                    std::byte* record) {
-    if (values.is_null()) return;  // a null pointer and a count of 0
-    if (!values.is_array()) Fail(path, "a list or null", values);
+    if (values.is_null()) {
+      return;  // a null pointer and a count of 0
+    }
+    if (!values.is_array()) {
+      Fail(path, "a list or null", values);
+    }
     const std::size_t size = ElementSize(field.type);
     std::byte* elements = payload_.AddArray(values.size() * size);
     for (std::size_t i = 0; i < values.size(); ++i) {
@@ -114,7 +122,9 @@ class Encoder {
   void EncodeValue(const Field& field, const json& value, const std::string& path, std::byte* at) {
     switch (field.type) {
       case FieldType::kFlag:
-        if (!value.is_boolean()) Fail(path, "true or false", value);
+        if (!value.is_boolean()) {
+          Fail(path, "true or false", value);
+        }
         return Store(at, static_cast<std::uint8_t>(value.get<bool>() ? 1 : 0));
       case FieldType::kInt:
         return Store(at, ReadNumber<std::int32_t>(field, value, path));
@@ -137,22 +147,32 @@ class Encoder {
   T ReadNumber(const Field& field, const json& value, const std::string& path) {
     if (IsKey(field) && value.is_string()) {
       const auto key = KeyByName(value.get_ref<const std::string&>());
-      if (!key) Fail(path, "a key's number or name", value);
+      if (!key) {
+        Fail(path, "a key's number or name", value);
+      }
       return static_cast<T>(*key);
     }
     // Non-negative literals arrive unsigned, the others signed.
     const bool fits = value.is_number_unsigned() ? std::in_range<T>(value.get<std::uint64_t>())
                                                  : value.is_number_integer() &&
                                                        std::in_range<T>(value.get<std::int64_t>());
-    if (!fits) Fail(path, kRange<T>, value);
+    if (!fits) {
+      Fail(path, kRange<T>, value);
+    }
     return value.get<T>();
   }
 
   const char* ReadText(const json& value, const std::string& path) {
-    if (value.is_null()) return nullptr;
-    if (!value.is_string()) Fail(path, "a text or null", value);
+    if (value.is_null()) {
+      return nullptr;
+    }
+    if (!value.is_string()) {
+      Fail(path, "a text or null", value);
+    }
     const auto& text = value.get_ref<const std::string&>();
-    if (text.find('\0') != std::string::npos) Fail(path, "a text without NUL characters", value);
+    if (text.find('\0') != std::string::npos) {
+      Fail(path, "a text without NUL characters", value);
+    }
     return payload_.AddText(text);
   }
 
@@ -233,7 +253,9 @@ json DecodeFields(const Layout& layout, const void* record) {
       continue;
     }
     const auto* elements = Load<const std::byte*>(bytes + field.offset);
-    if (elements == nullptr) continue;
+    if (elements == nullptr) {
+      continue;
+    }
     const auto count = Load<std::int32_t>(bytes + field.count_offset);
     const std::size_t size = ElementSize(field.type);
     value = json::array();
@@ -249,8 +271,12 @@ json DecodeAnswer(const Command& command, const void* record) {
 }
 
 json DecodeNotification(const Notification& notification, const void* record) {
-  if (notification.record_size == 0) return json::object();
-  if (record == nullptr) return nullptr;
+  if (notification.record_size == 0) {
+    return json::object();
+  }
+  if (record == nullptr) {
+    return nullptr;
+  }
   return DecodeFields(ParseLayout(notification.fields), record);
 }
 
@@ -267,7 +293,9 @@ std::optional<std::string> FindMismatch(const json& expected, const json& actual
   for (const auto& member : expected.items()) {
     const auto value = actual.find(member.key());
     const json found = value != actual.end() ? *value : json();
-    if (found == member.value()) continue;
+    if (found == member.value()) {
+      continue;
+    }
     return fmt::format("\"{}\" is {}, expected {}", member.key(), ToLine(found),
                        ToLine(member.value()));
   }
@@ -276,10 +304,14 @@ std::optional<std::string> FindMismatch(const json& expected, const json& actual
 
 std::int32_t ReadKey(const json& value) {
   if (value.is_string()) {
-    if (const auto key = KeyByName(value.get_ref<const std::string&>())) return *key;
+    if (const auto key = KeyByName(value.get_ref<const std::string&>())) {
+      return *key;
+    }
   } else if (value.is_number_integer()) {
     const auto number = value.get<std::int64_t>();
-    if (std::in_range<std::int32_t>(number)) return static_cast<std::int32_t>(number);
+    if (std::in_range<std::int32_t>(number)) {
+      return static_cast<std::int32_t>(number);
+    }
   }
   throw HostError(fmt::format("expected a key's number or name, got {}", ToLine(value)));
 }

@@ -91,7 +91,9 @@ void EventLoop::Cancel(Id id) {
   posted = posted_.extract(id);
   const auto found = std::find_if(timed_.begin(), timed_.end(),
                                   [id](const auto& entry) { return entry.first.second == id; });
-  if (found != timed_.end()) timed = timed_.extract(found);
+  if (found != timed_.end()) {
+    timed = timed_.extract(found);
+  }
 }
 
 void EventLoop::RunSync(Task task) {
@@ -134,11 +136,17 @@ void EventLoop::Quit() {
 
 bool EventLoop::RunUntil(const std::function<bool()>& predicate, Clock::time_point deadline) {
   for (;;) {
-    if (predicate()) return true;
+    if (predicate()) {
+      return true;
+    }
     RunReady();
-    if (predicate()) return true;
+    if (predicate()) {
+      return true;
+    }
     const auto now = Clock::now();
-    if (now >= deadline) return false;
+    if (now >= deadline) {
+      return false;
+    }
     Wait(std::chrono::ceil<Milliseconds>(std::min<Clock::duration>(deadline - now, kLongestWait)));
   }
 }
@@ -147,7 +155,9 @@ bool EventLoop::RunUntilIdle(Clock::time_point deadline) {
   do {
     RunReady();
     Wait(Milliseconds(0));
-    if (!HasPosted()) return true;
+    if (!HasPosted()) {
+      return true;
+    }
   } while (Clock::now() < deadline);
   return false;
 }
@@ -200,7 +210,9 @@ void EventLoop::RunDue() {
   const Id end = next_id_;
   while (!timed_.empty()) {
     const auto first = timed_.begin();
-    if (first->first.first > now || first->first.second >= end) return;
+    if (first->first.first > now || first->first.second >= end) {
+      return;
+    }
     auto entry = timed_.extract(first);
     // Held here too: the task may stop its own timer while it runs.
     auto task = entry.mapped().task;
@@ -256,7 +268,9 @@ void EventLoop::Wake() {
 
 std::optional<EventLoop::Clock::time_point> EventLoop::NextDue() const {
   const std::lock_guard lock(mutex_);
-  if (timed_.empty()) return std::nullopt;
+  if (timed_.empty()) {
+    return std::nullopt;
+  }
   return timed_.begin()->first.first;
 }
 

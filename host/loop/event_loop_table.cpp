@@ -27,7 +27,9 @@ std::uint64_t AddObserver(LoopCallback* callback, void* context) {
 }
 
 void RemoveObserver(std::uint64_t id) {
-  if (EventLoop* loop = current_loop) loop->RemoveObserver(id);
+  if (EventLoop* loop = current_loop) {
+    loop->RemoveObserver(id);
+  }
 }
 
 std::uint64_t StartTimer(std::uint64_t value, LoopCallback* callback, void* context) {
@@ -46,12 +48,16 @@ std::uint64_t Post(LoopCallback* callback, void* context) {
 }
 
 void Cancel(std::uint64_t id) {
-  if (EventLoop* loop = current_loop) loop->Cancel(id);
+  if (EventLoop* loop = current_loop) {
+    loop->Cancel(id);
+  }
 }
 
 std::uint32_t RunSyncAlt(LoopCallback* callback, void* context) {
   EventLoop* loop = current_loop;
-  if (loop == nullptr) return 0;
+  if (loop == nullptr) {
+    return 0;
+  }
   loop->RunSync(Bind(callback, context));
   return 1;
 }

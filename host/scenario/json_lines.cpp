@@ -14,8 +14,12 @@ class LineFinder {
   JsonLines Find() {
     for (; position_ < text_.size(); ++position_) {
       const char character = text_[position_];
-      if (character == '\n') ++line_;
-      if (std::string_view(" \t\r\n:").find(character) != std::string_view::npos) continue;
+      if (character == '\n') {
+        ++line_;
+      }
+      if (std::string_view(" \t\r\n:").find(character) != std::string_view::npos) {
+        continue;
+      }
       if (character == ']' || character == '}') {
         --depth_;
       } else if (character == ',') {
@@ -29,7 +33,9 @@ class LineFinder {
 
  private:
   void BeginToken(char character) {
-    if (depth_ == 2 && in_list_ && expects_element_) lines_.elements[member_].push_back(line_);
+    if (depth_ == 2 && in_list_ && expects_element_) {
+      lines_.elements[member_].push_back(line_);
+    }
     const bool is_member = depth_ == 1 && expects_element_;
     expects_element_ = false;
     if (character == '"') {
@@ -40,7 +46,9 @@ class LineFinder {
         lines_.elements.erase(member_);
       }
     } else if (character == '[' || character == '{') {
-      if (depth_ == 1) in_list_ = character == '[';
+      if (depth_ == 1) {
+        in_list_ = character == '[';
+      }
       ++depth_;
       expects_element_ = true;
     }

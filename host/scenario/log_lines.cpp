@@ -14,12 +14,16 @@ ScopeLine ParseScopeLine(std::string_view text) {
     return {ScopeLine::kEntry, text.substr(kEntry.size()), -1};
   }
   const auto cost = text.rfind(kCost);
-  if (!text.starts_with(kExit) || cost == std::string_view::npos || cost <= kExit.size()) return {};
+  if (!text.starts_with(kExit) || cost == std::string_view::npos || cost <= kExit.size()) {
+    return {};
+  }
   const std::string_view digits = text.substr(cost + kCost.size());
   std::int64_t milliseconds = 0;
   const auto [end, error] =
       std::from_chars(digits.data(), digits.data() + digits.size(), milliseconds);
-  if (error != std::errc() || end != digits.data() + digits.size()) return {};
+  if (error != std::errc() || end != digits.data() + digits.size()) {
+    return {};
+  }
   return {ScopeLine::kExit, text.substr(kExit.size(), cost - kExit.size()), milliseconds};
 }
 

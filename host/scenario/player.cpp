@@ -25,7 +25,9 @@ template <typename T, typename... Others>
 constexpr bool kIsOneOf = (std::is_same_v<T, Others> || ...);
 
 void Require(bool condition, const std::string& otherwise) {
-  if (!condition) throw HostError(otherwise);
+  if (!condition) {
+    throw HostError(otherwise);
+  }
 }
 
 }  // namespace
@@ -62,7 +64,9 @@ void StepPlayer::Do(const OpenStep& step) {
   transcript_.Write("open", KeyName(step.key));
   const std::int32_t rows = Driver().open(step.key);
   Require(rows >= 0, fmt::format("a user could not open {} now", KeyName(step.key)));
-  if (!step.rows) return;
+  if (!step.rows) {
+    return;
+  }
   Require(rows == *step.rows,
           fmt::format("{} has {} rows, expected {}", KeyName(step.key), rows, *step.rows));
 }
@@ -88,7 +92,9 @@ void StepPlayer::Do(const CloseBarStep&) {
 
 void StepPlayer::Do(const WaitForStep& step) {
   transcript_.Write("wait", step.notification->name, step.payload);
-  if (session_.loop().RunUntil([&] { return Consume(step); }, Clock::now() + step.within)) return;
+  if (session_.loop().RunUntil([&] { return Consume(step); }, Clock::now() + step.within)) {
+    return;
+  }
   throw HostError(MissingNotification(step));
 }
 
@@ -149,7 +155,9 @@ void StepPlayer::Do(const KeepOpenStep&) {
         [this, before] { return !session_.bar_exists() || HasStoppedSharing(before); },
         Clock::time_point::max());
     // The bar goes with the sharing, as in the client.
-    if (session_.bar_exists()) session_.Send(*FindCommand("closeSharedControlbar"), json::object());
+    if (session_.bar_exists()) {
+      session_.Send(*FindCommand("closeSharedControlbar"), json::object());
+    }
     return;
   }
   // Nobody is there to close it.
@@ -171,7 +179,9 @@ bool StepPlayer::HasStoppedSharing(std::size_t since) const {
 
 void StepPlayer::RequireDone(bool done, bool refused, const std::string& action) {
   Require(done != refused, fmt::format("a user could {}{} now", refused ? "" : "not ", action));
-  if (refused) transcript_.Write("matched", fmt::format("cannot {}", action));
+  if (refused) {
+    transcript_.Write("matched", fmt::format("cannot {}", action));
+  }
 }
 
 void StepPlayer::Settle() {
@@ -182,7 +192,9 @@ void StepPlayer::Match(const json& expected, const json& actual, const std::stri
   if (const auto mismatch = FindMismatch(expected, actual)) {
     throw HostError(fmt::format("{}: {}", what, *mismatch));
   }
-  if (!expected.empty()) transcript_.Write("matched", what, expected);
+  if (!expected.empty()) {
+    transcript_.Write("matched", what, expected);
+  }
 }
 
 bool StepPlayer::Consume(const WaitForStep& step) {
@@ -192,7 +204,9 @@ bool StepPlayer::Consume(const WaitForStep& step) {
         return received.notification == step.notification &&
                !FindMismatch(step.payload, received.payload);
       });
-  if (found == all.end()) return false;
+  if (found == all.end()) {
+    return false;
+  }
   cursor_ = found - all.begin() + 1;
   return true;
 }

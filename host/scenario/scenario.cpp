@@ -24,15 +24,21 @@ class Reader {
 
   Scenario Read() {
     const json root = ParseJson();
-    if (!root.is_object()) Fault(1, "a scenario is an object");
+    if (!root.is_object()) {
+      Fault(1, "a scenario is an object");
+    }
     lines_ = FindLines(text_);
     for (const auto& member : root.items()) {
       const auto line = lines_.members.find(member.key());
       Guard(line != lines_.members.end() ? line->second : 1,
             [&] { ReadMember(member.key(), member.value()); });
     }
-    if (root.is_object() && !root.contains("steps")) Fault(1, "\"steps\" is missing");
-    if (!faults_.empty()) throw HostError(Report());
+    if (root.is_object() && !root.contains("steps")) {
+      Fault(1, "\"steps\" is missing");
+    }
+    if (!faults_.empty()) {
+      throw HostError(Report());
+    }
     return std::move(scenario_);
   }
 
@@ -57,7 +63,9 @@ class Reader {
 
   void ReadMember(const std::string& name, const json& value) {
     if (name == "name" || name == "description") {
-      if (!value.is_string()) throw HostError(fmt::format("\"{}\" should be a text", name));
+      if (!value.is_string()) {
+        throw HostError(fmt::format("\"{}\" should be a text", name));
+      }
       (name == "name" ? scenario_.name : scenario_.description) = value.get<std::string>();
     } else if (name == "participantAnswers") {
       ReadAnswers(value);
@@ -69,7 +77,9 @@ class Reader {
   }
 
   void ReadAnswers(const json& answers) {
-    if (!answers.is_object()) throw HostError("\"participantAnswers\" should be an object");
+    if (!answers.is_object()) {
+      throw HostError("\"participantAnswers\" should be an object");
+    }
     for (const auto& answer : answers.items()) {
       if (!answer.value().is_number_integer()) {
         throw HostError(
@@ -80,13 +90,14 @@ class Reader {
   }
 
   void ReadSteps(const json& steps) {
-    if (!steps.is_array()) throw HostError("\"steps\" should be a list");
+    if (!steps.is_array()) {
+      throw HostError("\"steps\" should be a list");
+    }
     const auto& lines = lines_.elements["steps"];
     for (std::size_t i = 0; i < steps.size(); ++i) {
       const int line = i < lines.size() ? lines[i] : 1;
-      Guard(line, [&] {
-        scenario_.steps.push_back({line, ParseStep(steps[i], file_.parent_path())});
-      });
+      Guard(line,
+            [&] { scenario_.steps.push_back({line, ParseStep(steps[i], file_.parent_path())}); });
     }
   }
 
@@ -106,7 +117,9 @@ class Reader {
   std::string Report() const {
     std::string report;
     for (const auto& [line, fault] : faults_) {
-      if (!report.empty()) report += '\n';
+      if (!report.empty()) {
+        report += '\n';
+      }
       report += fault;
     }
     return report;
@@ -132,7 +145,9 @@ Scenario LoadScenario(const std::filesystem::path& file) {
 std::string ReadFile(const std::filesystem::path& file) {
   std::ifstream stream(file, std::ios::binary);
   std::string text(std::istreambuf_iterator<char>(stream), {});
-  if (!stream) throw HostError(fmt::format("cannot read \"{}\"", file.string()));
+  if (!stream) {
+    throw HostError(fmt::format("cannot read \"{}\"", file.string()));
+  }
   return text;
 }
 

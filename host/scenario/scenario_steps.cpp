@@ -22,7 +22,9 @@ using std::filesystem::path;
 
 const json& Require(const json& object, std::string_view member) {
   const auto value = object.find(member);
-  if (value == object.end()) throw HostError(fmt::format("\"{}\" is missing", member));
+  if (value == object.end()) {
+    throw HostError(fmt::format("\"{}\" is missing", member));
+  }
   return *value;
 }
 
@@ -47,7 +49,9 @@ std::int32_t ReadCount(const json& object, std::string_view member) {
 // False where it is not there.
 bool ReadFlag(const json& object, std::string_view member) {
   const auto value = object.find(member);
-  if (value == object.end()) return false;
+  if (value == object.end()) {
+    return false;
+  }
   if (!value->is_boolean()) {
     throw HostError(fmt::format("\"{}\" should be true or false, not {}", member, ToLine(*value)));
   }
@@ -56,7 +60,9 @@ bool ReadFlag(const json& object, std::string_view member) {
 
 void CheckMembers(const json& object, std::string_view what,
                   std::span<const std::string_view> known) {
-  if (!object.is_object()) throw HostError(fmt::format(R"("{}" should be an object)", what));
+  if (!object.is_object()) {
+    throw HostError(fmt::format(R"("{}" should be an object)", what));
+  }
   for (const auto& member : object.items()) {
     if (std::find(known.begin(), known.end(), member.key()) == known.end()) {
       throw HostError(fmt::format(R"("{}" has no "{}")", what, member.key()));
@@ -66,7 +72,9 @@ void CheckMembers(const json& object, std::string_view what,
 
 template <typename Row>
 const Row* Known(const Row* row, std::string_view what, const std::string& name) {
-  if (row == nullptr) throw HostError(fmt::format("there is no {} \"{}\"", what, name));
+  if (row == nullptr) {
+    throw HostError(fmt::format("there is no {} \"{}\"", what, name));
+  }
   return row;
 }
 
@@ -88,7 +96,9 @@ json ReadTextFile(const path& file) {
   } catch (const json::parse_error& error) {
     throw HostError(fmt::format("\"{}\": {}", file.string(), error.what()));
   }
-  if (!texts.is_object()) throw HostError(fmt::format("\"{}\" is not an object", file.string()));
+  if (!texts.is_object()) {
+    throw HostError(fmt::format("\"{}\" is not an object", file.string()));
+  }
   json arguments = {{"ids", json::array()}, {"texts", json::array()}};
   for (const auto& entry : texts.items()) {
     const std::string& name = entry.key();
@@ -124,13 +134,17 @@ Action ReadPress(const json& step, const path&) {
 
 Action ReadOpen(const json& step, const path&) {
   OpenStep open{ReadKey(step.at("open")), std::nullopt};
-  if (step.contains("rows")) open.rows = ReadCount(step, "rows");
+  if (step.contains("rows")) {
+    open.rows = ReadCount(step, "rows");
+  }
   return open;
 }
 
 Action ReadPick(const json& step, const path&) {
   PickStep pick{ReadKey(step.at("pick")), std::nullopt, ReadFlag(step, "refused")};
-  if (step.contains("value")) pick.value = ReadText(step, "value");
+  if (step.contains("value")) {
+    pick.value = ReadText(step, "value");
+  }
   return pick;
 }
 
@@ -147,7 +161,9 @@ Action ReadWaitFor(const json& step, const path&) {
 
 Action ReadExpectButton(const json& step, const path&) {
   const json& wanted = step.at("expectButton");
-  if (!wanted.is_object()) throw HostError("\"expectButton\" should be an object");
+  if (!wanted.is_object()) {
+    throw HostError("\"expectButton\" should be an object");
+  }
   const json fields = CheckExpectedButton(wanted);
   return ExpectButtonStep{Require(fields, "key").get<std::int32_t>(), fields};
 }
@@ -222,7 +238,9 @@ constexpr std::array kStepKinds = {
 }  // namespace
 
 Action ParseStep(const json& step, const path& folder) {
-  if (!step.is_object()) throw HostError("a step is an object");
+  if (!step.is_object()) {
+    throw HostError("a step is an object");
+  }
   const auto* const kind =
       std::find_if(kStepKinds.begin(), kStepKinds.end(),
                    [&](const StepKind& row) { return step.contains(row.name); });
@@ -231,7 +249,9 @@ Action ParseStep(const json& step, const path& folder) {
   }
   for (const auto& member : step.items()) {
     const auto& optional = kind->optional;
-    if (member.key() == kind->name) continue;
+    if (member.key() == kind->name) {
+      continue;
+    }
     if (std::find(optional.begin(), optional.end(), member.key()) == optional.end()) {
       throw HostError(fmt::format(R"(a step "{}" has no "{}")", kind->name, member.key()));
     }

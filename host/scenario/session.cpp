@@ -37,7 +37,9 @@ Session::Session(const SessionFiles& files, ParticipantAnswers answers, Transcri
       widgets_(files.widgets),
       plugin_(files.plugin),
       on_log_(std::move(on_log)) {
-  if (current_ != nullptr) throw HostError("a session is running already");
+  if (current_ != nullptr) {
+    throw HostError("a session is running already");
+  }
   if (auto* get_driver = widgets_.Find<LorimelGetDriverFunction>("LorimelGetDriver")) {
     driver_ = get_driver();
     driver_->observe(OnWidgetCall, this);
@@ -76,20 +78,26 @@ Session::~Session() {
     driver_->observeUser(nullptr, nullptr);
     loop_.ResetWaiting();
   }
-  if (observe_log_ != nullptr) observe_log_(nullptr, nullptr);
+  if (observe_log_ != nullptr) {
+    observe_log_(nullptr, nullptr);
+  }
   current_ = nullptr;
 }
 
 // Loading a library by its file name alone gives the one that the plug-in has brought along.
 void Session::ObserveLog() {
-  if (!on_log_) return;
+  if (!on_log_) {
+    return;
+  }
   try {
     log_library_.emplace(VELLOMAR_LOG_LIBRARY);
   } catch (const HostError&) {
     return;  // it has another name: observes_log() says so
   }
   observe_log_ = log_library_->Find<VellomarLogObserveFunction>("VellomarLogObserve");
-  if (observe_log_ != nullptr) observe_log_(OnLogLine, this);
+  if (observe_log_ != nullptr) {
+    observe_log_(OnLogLine, this);
+  }
 }
 
 void Session::OnLogLine(void* context, const char* module, int level, const char* text) {
@@ -99,7 +107,9 @@ void Session::OnLogLine(void* context, const char* module, int level, const char
 
 void Session::CloseBar() {
   loop_.RunUntilIdle(TearDownDeadline());
-  if (!bar_exists_) return;
+  if (!bar_exists_) {
+    return;
+  }
   Send(*FindCommand(VELLOMAR_COMMAND_closeSharedControlbar), json::object());
   loop_.RunUntil([this] { return !bar_exists_; }, TearDownDeadline());
 }
@@ -111,7 +121,9 @@ json Session::Send(const Command& command, const json& arguments, const json& wr
     throw HostError(fmt::format("the plug-in does not know the command {}", command.name));
   }
   json answer = DecodeAnswer(command, payload.data());
-  if (!answer.empty()) transcript_.Write("answer", command.name, answer);
+  if (!answer.empty()) {
+    transcript_.Write("answer", command.name, answer);
+  }
   return answer;
 }
 
@@ -128,7 +140,9 @@ void Session::Drop(const Command& command) {
 
 void Session::OnNotify(const char* sender, std::uint32_t id_low, std::uint32_t id_high,
                        void* payload) {
-  if (current_ == nullptr) return;
+  if (current_ == nullptr) {
+    return;
+  }
   if (sender == nullptr || std::string_view(sender) != VELLOMAR_SENDER) {
     current_->transcript_.Write("fault", "notification of an unknown sender");
     return;
@@ -155,17 +169,25 @@ void Session::Keep(std::uint64_t id, ReceivedNotification received) {
     transcript_.Write("fault", fmt::format("unknown notification {}", id));
     return;
   }
-  if (id == VELLOMAR_NOTIFY_controlbarCreated) bar_exists_ = true;
-  if (id == VELLOMAR_NOTIFY_controlbarClosed) bar_exists_ = false;
+  if (id == VELLOMAR_NOTIFY_controlbarCreated) {
+    bar_exists_ = true;
+  }
+  if (id == VELLOMAR_NOTIFY_controlbarClosed) {
+    bar_exists_ = false;
+  }
   transcript_.Write("notify", received.notification->name, received.payload);
   notifications_.push_back(std::move(received));
   // What the loop is run for may be there now: it looks when the wait in the pump ends.
-  if (driver_ != nullptr) driver_->wake();
+  if (driver_ != nullptr) {
+    driver_->wake();
+  }
 }
 
 void Session::OnRequest(const char* /*sender*/, std::uint32_t id_low, std::uint32_t id_high,
                         void* record) {
-  if (current_ == nullptr || record == nullptr) return;
+  if (current_ == nullptr || record == nullptr) {
+    return;
+  }
   if (Join(id_low, id_high) != VELLOMAR_REQUEST_PARTICIPANT) {
     current_->transcript_.Write("fault", "unknown request");
     return;

@@ -15,13 +15,17 @@ namespace vellomar_host {
 using nlohmann::ordered_json;
 
 TraceFile::TraceFile(const std::filesystem::path& file) : out_(file) {
-  if (!out_) throw HostError(fmt::format("cannot write the trace \"{}\"", file.string()));
+  if (!out_) {
+    throw HostError(fmt::format("cannot write the trace \"{}\"", file.string()));
+  }
   out_ << "[";
 }
 
 TraceFile::~TraceFile() {
   for (auto& [id, thread] : threads_) {
-    while (!thread.open.empty()) End(thread, last_);
+    while (!thread.open.empty()) {
+      End(thread, last_);
+    }
   }
   out_ << "\n]\n";
 }
@@ -36,9 +40,13 @@ void TraceFile::Write(const LogLine& line) {
     WriteEvent({{"ph", "B"}, {"name", scope.name}, {"cat", line.module}}, thread, when);
   } else if (scope.kind == ScopeLine::kExit) {
     const auto found = std::find(thread.open.rbegin(), thread.open.rend(), scope.name);
-    if (found == thread.open.rend()) return;
+    if (found == thread.open.rend()) {
+      return;
+    }
     const auto depth = static_cast<std::size_t>(thread.open.rend() - found);
-    while (thread.open.size() >= depth) End(thread, when);
+    while (thread.open.size() >= depth) {
+      End(thread, when);
+    }
   } else {
     WriteEvent({{"ph", "i"},
                 {"name", line.text},
@@ -50,7 +58,9 @@ void TraceFile::Write(const LogLine& line) {
 }
 
 std::int64_t TraceFile::Microseconds(const LogLine& line) {
-  if (!begin_) begin_ = line.when;
+  if (!begin_) {
+    begin_ = line.when;
+  }
   const auto since =
       std::chrono::duration_cast<std::chrono::microseconds>(line.when - *begin_).count();
   // Two threads may have read the clock in another order than they came here.

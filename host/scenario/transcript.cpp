@@ -12,7 +12,9 @@ namespace {
 
 std::string AsText(const TranscriptEntry& entry) {
   const auto ms = entry.when.count();
-  if (entry.details.empty()) return fmt::format("{:>7}  {:<7} {}", ms, entry.kind, entry.subject);
+  if (entry.details.empty()) {
+    return fmt::format("{:>7}  {:<7} {}", ms, entry.kind, entry.subject);
+  }
   return fmt::format("{:>7}  {:<7} {:<26} {}", ms, entry.kind, entry.subject,
                      ToLine(entry.details));
 }
@@ -28,7 +30,9 @@ std::string AsJson(const TranscriptEntry& entry) {
 }  // namespace
 
 Transcript::Transcript(std::ostream& out, Form form) {
-  if (form == Form::kNone) return;
+  if (form == Form::kNone) {
+    return;
+  }
   sink_ = [&out, form](const TranscriptEntry& entry) {
     out << (form == Form::kText ? AsText(entry) : AsJson(entry)) << '\n';
     out.flush();
@@ -37,7 +41,9 @@ Transcript::Transcript(std::ostream& out, Form form) {
 
 void Transcript::Write(std::string_view kind, std::string_view subject,
                        const nlohmann::json& details) {
-  if (!sink_) return;
+  if (!sink_) {
+    return;
+  }
   const auto elapsed = std::chrono::steady_clock::now() - begin_;
   sink_({std::chrono::duration_cast<std::chrono::milliseconds>(elapsed), std::string(kind),
          std::string(subject), details});

@@ -20,7 +20,9 @@ class AntennaEventLoop::Posted {
    public:
     explicit Hold(Posted& posted) : m_posted(posted) { ++m_posted.m_holds; }
     ~Hold() {
-      if (--m_posted.m_holds == 0 && m_posted.m_done) delete &m_posted;
+      if (--m_posted.m_holds == 0 && m_posted.m_done) {
+        delete &m_posted;
+      }
     }
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
@@ -42,12 +44,16 @@ class AntennaEventLoop::Posted {
   };
 
   Posted(const char* name, Task task) : m_name(name), m_task(std::move(task)), m_next(s_all.first) {
-    if (m_next != nullptr) m_next->m_previous = this;
+    if (m_next != nullptr) {
+      m_next->m_previous = this;
+    }
     s_all.first = this;
   }
   ~Posted() {
     (m_previous != nullptr ? m_previous->m_next : s_all.first) = m_next;
-    if (m_next != nullptr) m_next->m_previous = m_previous;
+    if (m_next != nullptr) {
+      m_next->m_previous = m_previous;
+    }
   }
   Posted(const Posted&) = delete;
   Posted& operator=(const Posted&) = delete;
@@ -66,7 +72,9 @@ class AntennaEventLoop::Posted {
     node.key() = id;
     node.mapped() = this;
     const auto recorded = (loop.*route).insert(std::move(node));
-    if (!recorded.inserted) recorded.position->second = this;
+    if (!recorded.inserted) {
+      recorded.position->second = this;
+    }
   }
 
   // Not to be called any more: forgotten now, freed when nobody holds it. To be called under a
@@ -74,9 +82,13 @@ class AntennaEventLoop::Posted {
   void End() {
     m_done = true;
     AntennaEventLoop* const loop = m_route != nullptr ? Living(m_life) : nullptr;
-    if (loop == nullptr) return;
+    if (loop == nullptr) {
+      return;
+    }
     const auto found = (loop->*m_route).find(m_id);
-    if (found != (loop->*m_route).end() && found->second == this) (loop->*m_route).erase(found);
+    if (found != (loop->*m_route).end() && found->second == this) {
+      (loop->*m_route).erase(found);
+    }
   }
 
  private:
@@ -84,7 +96,9 @@ class AntennaEventLoop::Posted {
   struct All {
     Posted* first;
     ~All() {
-      while (first != nullptr) delete first;
+      while (first != nullptr) {
+        delete first;
+      }
     }
   };
   inline static All s_all{nullptr};
@@ -105,7 +119,9 @@ void AntennaEventLoop::Init(const EventLoopTable& table) {
   m_table.unreadFn = nullptr;
   const bool same_loop = old.addObserverFn == m_table.addObserverFn &&
                          old.removeObserverFn == m_table.removeObserverFn;
-  if (m_observer != Observer::kNone && same_loop) return;
+  if (m_observer != Observer::kNone && same_loop) {
+    return;
+  }
   const std::uint64_t life = m_life;
   const bool registered = m_observer == Observer::kRegistered;
   m_observer = Observer::kNone;
@@ -113,11 +129,15 @@ void AntennaEventLoop::Init(const EventLoopTable& table) {
     old.removeObserverFn(std::exchange(observerId, 0));
   }
   AntennaEventLoop* const loop = Living(life);
-  if (loop != nullptr && loop->m_observer == Observer::kNone) loop->RegisterObserver();
+  if (loop != nullptr && loop->m_observer == Observer::kNone) {
+    loop->RegisterObserver();
+  }
 }
 
 void AntennaEventLoop::RegisterObserver() {
-  if (m_table.addObserverFn == nullptr) return;
+  if (m_table.addObserverFn == nullptr) {
+    return;
+  }
   const std::uint64_t life = m_life;
   const std::uint64_t request = ++m_observerRequests;
   auto* const remove = m_table.removeObserverFn;
@@ -138,9 +158,13 @@ void AntennaEventLoop::Uninit() {
   const bool asked = m_observer == Observer::kAsked;  // RegisterObserver takes it off again
   m_observer = Observer::kNone;
   auto* const remove = std::exchange(m_table.removeObserverFn, nullptr);
-  if (remove != nullptr && !asked) remove(std::exchange(observerId, 0));
+  if (remove != nullptr && !asked) {
+    remove(std::exchange(observerId, 0));
+  }
   while (AntennaEventLoop* const loop = Living(life)) {
-    if (loop->m_table.stopTimerFn == nullptr || loop->timers.empty()) return;
+    if (loop->m_table.stopTimerFn == nullptr || loop->timers.empty()) {
+      return;
+    }
     const auto [id, timer] = *loop->timers.begin();
     const Posted::Hold hold(*timer);
     timer->End();
@@ -159,7 +183,9 @@ AntennaEventLoop::Id AntennaEventLoop::Post(Route route, const char* name, Task 
   const std::uint64_t life = m_life;
   const Id id = call_host(posted);
   // The host may have run it before it answered.
-  if (posted->Done()) return id;
+  if (posted->Done()) {
+    return id;
+  }
   if (AntennaEventLoop* const loop = Living(life)) {
     posted->Record(*loop, route, id, made.extract(made.begin()));
   }
@@ -167,25 +193,33 @@ AntennaEventLoop::Id AntennaEventLoop::Post(Route route, const char* name, Task 
 }
 
 AntennaEventLoop::Id AntennaEventLoop::PostTask(Task task) {
-  if (m_table.postFn == nullptr) return 0;
+  if (m_table.postFn == nullptr) {
+    return 0;
+  }
   return Post(&AntennaEventLoop::tasks, "PostTask", std::move(task),
               [slot = m_table.postFn](void* context) { return slot(&RunOnce, context); });
 }
 
 AntennaEventLoop::Id AntennaEventLoop::PostTaskAlt1(Task task) {
-  if (m_table.postAlt1Fn == nullptr) return 0;
+  if (m_table.postAlt1Fn == nullptr) {
+    return 0;
+  }
   return Post(&AntennaEventLoop::tasksAlt1, "PostTaskAlt1", std::move(task),
               [slot = m_table.postAlt1Fn](void* context) { return slot(&RunOnce, context); });
 }
 
 AntennaEventLoop::Id AntennaEventLoop::PostTaskAlt2(Task task) {
-  if (m_table.postAlt2Fn == nullptr) return 0;
+  if (m_table.postAlt2Fn == nullptr) {
+    return 0;
+  }
   return Post(&AntennaEventLoop::tasksAlt2, "PostTaskAlt2", std::move(task),
               [slot = m_table.postAlt2Fn](void* context) { return slot(&RunOnce, context); });
 }
 
 AntennaEventLoop::Id AntennaEventLoop::PostDelayedTask(std::uint64_t value, Task task) {
-  if (m_table.postDelayedFn == nullptr) return 0;
+  if (m_table.postDelayedFn == nullptr) {
+    return 0;
+  }
   return Post(&AntennaEventLoop::delayedTasks, "PostDelayedTask", std::move(task),
               [slot = m_table.postDelayedFn, value](void* context) {
                 return slot(value, &RunOnce, context);
@@ -193,7 +227,9 @@ AntennaEventLoop::Id AntennaEventLoop::PostDelayedTask(std::uint64_t value, Task
 }
 
 AntennaEventLoop::Id AntennaEventLoop::StartTimer(std::uint64_t value, Task task) {
-  if (m_table.startTimerFn == nullptr) return 0;
+  if (m_table.startTimerFn == nullptr) {
+    return 0;
+  }
   const std::uint64_t life = m_life;
   auto* const stop = m_table.stopTimerFn;
   return Post(&AntennaEventLoop::timers, "StartTimer", std::move(task),
@@ -221,13 +257,19 @@ void AntennaEventLoop::RunRepeating(void* context) {
 }
 
 void AntennaEventLoop::Cancel(Route route, void (*slot)(std::uint64_t), Id id) {
-  if (slot == nullptr) return;
+  if (slot == nullptr) {
+    return;
+  }
   const std::uint64_t life = m_life;
   slot(id);
   AntennaEventLoop* const loop = Living(life);
-  if (loop == nullptr) return;
+  if (loop == nullptr) {
+    return;
+  }
   const auto found = (loop->*route).find(id);
-  if (found == (loop->*route).end()) return;
+  if (found == (loop->*route).end()) {
+    return;
+  }
   const Posted::Hold hold(*found->second);
   found->second->End();
 }
@@ -250,7 +292,9 @@ void AntennaEventLoop::RunBorrowed(void* context) {
 }
 
 void AntennaEventLoop::RunTaskSync(Task& task) {
-  if (m_table.runSyncFn != nullptr) m_table.runSyncFn(&RunBorrowed, &task);
+  if (m_table.runSyncFn != nullptr) {
+    m_table.runSyncFn(&RunBorrowed, &task);
+  }
 }
 
 std::uint32_t AntennaEventLoop::RunTaskSyncAlt(Task& task) {
@@ -264,7 +308,9 @@ AntennaEventLoop::Id AntennaEventLoop::AddListener(Task listener) {
     found->second = std::move(listener);
     return id;
   }
-  if (listeners.size() >= m_listenerLimit) throw std::length_error("map/set too long");
+  if (listeners.size() >= m_listenerLimit) {
+    throw std::length_error("map/set too long");
+  }
   listeners.emplace(id, std::move(listener));
   return id;
 }
@@ -279,7 +325,9 @@ void AntennaEventLoop::RunListeners(void*) {
     Id last = 0;  // the first listener has id 1
     while (AntennaEventLoop* const loop = Living(life)) {
       const auto next = loop->listeners.upper_bound(last);
-      if (next == loop->listeners.end()) return;
+      if (next == loop->listeners.end()) {
+        return;
+      }
       last = next->first;
       const Task listener = next->second;  // it may remove itself while it runs
       listener();

@@ -107,7 +107,9 @@ class __ResourceCollectionPool__ : public VELLOMAR_COMMON::Singleton<__ResourceC
   // Replaces, and so releases, what is stored under the same key.
   void Add(Entry entry) {
     auto added = m_collections.insert(std::move(entry));
-    if (!added.inserted) added.position->second = std::move(added.node.mapped());
+    if (!added.inserted) {
+      added.position->second = std::move(added.node.mapped());
+    }
   }
   // The number of collections released: 0 or 1.
   std::size_t Drop(std::uint64_t key) { return m_collections.erase(key); }

@@ -25,7 +25,9 @@ constexpr std::array<std::uint64_t, 11> kResponses = {VELLOMAR_RESPONSE_AVATAR,
 }  // namespace
 
 std::int64_t VellomarServerApiRequester::RequestParticipant(const std::string& user_id) const {
-  if (sendRequestFn == nullptr) return -1;
+  if (sendRequestFn == nullptr) {
+    return -1;
+  }
   __ResourceCollection__ texts;
   VellomarParticipantRequest record{};
   MakeCString(user_id, record.userId, texts);
@@ -41,14 +43,20 @@ VellomarServerApiResponser::VellomarServerApiResponser() {
 }
 
 void VellomarServerApiResponser::SetCallback(std::uint64_t id, Callback callback) {
-  if (id == VELLOMAR_RESPONSE_AVATAR || m_handlers.count(id) == 0) return;
+  if (id == VELLOMAR_RESPONSE_AVATAR || m_handlers.count(id) == 0) {
+    return;
+  }
   m_callbacks[id] = std::make_shared<const Callback>(std::move(callback));
 }
 
 bool VellomarServerApiResponser::OnReceive(std::uint64_t id, void* payload) {
-  if (payload == nullptr) return false;
+  if (payload == nullptr) {
+    return false;
+  }
   const auto found = m_handlers.find(id);
-  if (found == m_handlers.end()) return false;
+  if (found == m_handlers.end()) {
+    return false;
+  }
   (this->*found->second)(id, payload);
   return true;
 }
@@ -56,7 +64,9 @@ bool VellomarServerApiResponser::OnReceive(std::uint64_t id, void* payload) {
 void VellomarServerApiResponser::OnAvatar(std::uint64_t, void* payload) {
   const auto& record = *static_cast<const VellomarAvatarResponse*>(payload);
   const auto callback = m_avatarCallback;
-  if (!callback || !*callback) return;
+  if (!callback || !*callback) {
+    return;
+  }
   std::string key(OrEmpty(record.avatarKey));
   std::string path(OrEmpty(record.avatarPath));
   (*callback)(std::move(key), std::move(path));
@@ -64,15 +74,23 @@ void VellomarServerApiResponser::OnAvatar(std::uint64_t, void* payload) {
 
 void VellomarServerApiResponser::OnOther(std::uint64_t id, void* payload) {
   const auto found = m_callbacks.find(id);
-  if (found == m_callbacks.end()) return;
+  if (found == m_callbacks.end()) {
+    return;
+  }
   const auto callback = found->second;
-  if (*callback) (*callback)(id, payload);
+  if (*callback) {
+    (*callback)(id, payload);
+  }
 }
 
 bool VellomarServerApiSlot::OnDelegate(std::uint64_t id, void* payload) {
-  if (payload == nullptr) return false;
+  if (payload == nullptr) {
+    return false;
+  }
   const auto found = m_handlers.find(id);
-  if (found == m_handlers.end()) return false;
+  if (found == m_handlers.end()) {
+    return false;
+  }
   (this->*found->second)(id, payload);
   return true;
 }

@@ -30,7 +30,9 @@ std::vector<std::uint64_t> Owned(const std::int64_t* numbers, std::int32_t count
 std::vector<std::string> Owned(const char* const* texts, std::int32_t count) {
   std::vector<std::string> owned;
   owned.reserve(Size(texts, count));
-  for (std::size_t i = 0; i < Size(texts, count); ++i) owned.push_back(Owned(texts[i]));
+  for (std::size_t i = 0; i < Size(texts, count); ++i) {
+    owned.push_back(Owned(texts[i]));
+  }
   return owned;
 }
 

@@ -59,7 +59,9 @@ inline std::tuple<std::int64_t> Decode(const VellomarLong& r) {
   return {r.value};
 }
 inline std::tuple<std::optional<std::string>> Decode(const VellomarText& r) {
-  if (r.text == nullptr) return {std::nullopt};
+  if (r.text == nullptr) {
+    return {std::nullopt};
+  }
   return {r.text};
 }
 inline std::tuple<std::uint64_t> Decode(const VellomarDuration& r) {

@@ -29,13 +29,17 @@ std::wstring FileName(HMODULE module) {
   for (;;) {
     const auto room = static_cast<DWORD>(name.size());
     const DWORD length = GetModuleFileNameW(module, name.data(), room);
-    if (length == 0) return {};
+    if (length == 0) {
+      return {};
+    }
     if (length < room) {
       name.resize(length);
       return name;
     }
     // A name that is cut short fills its room.
-    if (room >= kLongestPath) return {};
+    if (room >= kLongestPath) {
+      return {};
+    }
     name.resize(room * 2);
   }
 }
@@ -53,7 +57,9 @@ std::string Utf8(std::wstring_view text) {
 
 std::string ModuleDirectory() {
   const HMODULE module = ThisModule();
-  if (module == nullptr) return {};
+  if (module == nullptr) {
+    return {};
+  }
   const std::wstring name = FileName(module);
   return Utf8(std::wstring_view(name).substr(0, name.find_last_of(L"\\/") + 1));
 }

@@ -21,7 +21,9 @@ class Singleton {
   // Creates the object at the first call. It lives until DestroyInstance, or else until the library
   // is unloaded: the host may load and unload the plug-in many times in one process.
   static T* GetInstance() {
-    if (m_instance == nullptr) m_instance = std::make_unique<T>();
+    if (m_instance == nullptr) {
+      m_instance = std::make_unique<T>();
+    }
     return m_instance.get();
   }
 

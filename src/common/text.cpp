@@ -7,12 +7,18 @@
 namespace VELLOMAR_COMMON {
 
 std::string FillPlaceholder(const char* text, std::string_view value) {
-  if (text == nullptr) return std::string(value);
+  if (text == nullptr) {
+    return std::string(value);
+  }
   std::string filled(text);
   const std::size_t open = filled.find("{{");
-  if (open == std::string::npos) return filled;
+  if (open == std::string::npos) {
+    return filled;
+  }
   const std::size_t close = filled.find("}}", open + 2);
-  if (close == std::string::npos) return filled;
+  if (close == std::string::npos) {
+    return filled;
+  }
   filled.replace(open, close + 2 - open, value);
   return filled;
 }

@@ -18,7 +18,9 @@ ButtonStore::ButtonStore() {
 // In 64 bits, where the lowest key overflows nothing.
 std::optional<std::size_t> ButtonStore::Index(EventKey key) {
   const std::int64_t index = std::int64_t{static_cast<std::int32_t>(key)} - kFirstKey;
-  if (index >= kKeyCount) return std::nullopt;
+  if (index >= kKeyCount) {
+    return std::nullopt;
+  }
   return index < 0 ? kSpareRecord : static_cast<std::size_t>(index);
 }
 
@@ -74,10 +76,14 @@ void ButtonStore::SetItem(EventKey key, bool expand, std::string name, std::stri
 void ButtonStore::SetTestContent(std::map<EventKey, std::string> texts) {
   for (auto& [key, text] : texts) {
     const auto known = m_testContent.find(key);
-    if (known != m_testContent.end()) known->second.swap(text);
+    if (known != m_testContent.end()) {
+      known->second.swap(text);
+    }
   }
   m_testContent.merge(texts);
-  for (const auto& [key, text] : m_testContent) SetLabel(key, text.c_str());
+  for (const auto& [key, text] : m_testContent) {
+    SetLabel(key, text.c_str());
+  }
 }
 
 void ButtonStore::Reset() noexcept {

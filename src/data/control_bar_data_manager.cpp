@@ -34,7 +34,9 @@ ControlBarDataManager::ControlBarDataManager()
 
 BtnParams* ControlBarDataManager::CheckedRecord(EventKey key) {
   BtnParams* const record = m_buttons.Find(key);
-  if (record == nullptr) Fault("[Controlbar Data] key out of range!");
+  if (record == nullptr) {
+    Fault("[Controlbar Data] key out of range!");
+  }
   return record;
 }
 
@@ -42,7 +44,9 @@ void ControlBarDataManager::SetEventKeyParams(EventKey key, std::uint64_t text_i
                                               std::int32_t status, std::uint64_t tip_id,
                                               bool expand, std::uint64_t /*ignored*/) {
   const Scope scope(__func__);
-  if (CheckedRecord(key) == nullptr) return;
+  if (CheckedRecord(key) == nullptr) {
+    return;
+  }
   const char* const text = text_id != kNoText ? GetNativeText(text_id) : nullptr;
   const char* const tip = tip_id != kNoText ? GetNativeText(tip_id) : "";
   m_buttons.Fill(key, text, status, tip, expand);
@@ -51,7 +55,9 @@ void ControlBarDataManager::SetEventKeyParams(EventKey key, std::uint64_t text_i
 void ControlBarDataManager::SetEventKeyParams(EventKey key, std::int32_t status) {
   const Scope scope(__func__);
   BtnParams* const record = CheckedRecord(key);
-  if (record == nullptr) return;
+  if (record == nullptr) {
+    return;
+  }
   record->key = key;
   record->status = status;
 }
@@ -60,9 +66,13 @@ void ControlBarDataManager::SetEventKeyParams(EventKey key, const char* text,
                                               std::int32_t /*unread*/) {
   const Scope scope(__func__);
   BtnParams* const record = CheckedRecord(key);
-  if (record == nullptr) return;
+  if (record == nullptr) {
+    return;
+  }
   record->key = key;
-  if (text != nullptr) m_buttons.SetLabel(key, text);
+  if (text != nullptr) {
+    m_buttons.SetLabel(key, text);
+  }
 }
 
 BtnParams* ControlBarDataManager::GetEventKeyParams(EventKey key) {
@@ -110,16 +120,22 @@ void ControlBarDataManager::SetButtonIconPath(EventKey /*key*/, const char* path
 
 void ControlBarDataManager::SetComposedLabel(EventKey key, std::string label) {
   const Scope scope(__func__);
-  if (CheckedRecord(key) != nullptr) m_buttons.SetComposedLabel(key, std::move(label));
+  if (CheckedRecord(key) != nullptr) {
+    m_buttons.SetComposedLabel(key, std::move(label));
+  }
 }
 
 void ControlBarDataManager::SetItem(EventKey key, bool expand, std::string name, std::string text,
                                     std::string tag, std::int32_t status) {
   const Scope scope(__func__);
-  if (CheckedRecord(key) == nullptr) return;
+  if (CheckedRecord(key) == nullptr) {
+    return;
+  }
   std::string extra_text = key == EventKey::MoveNew ? tag : std::string();
   m_buttons.SetItem(key, expand, std::move(name), std::move(text), std::move(tag), status);
-  if (key == EventKey::MoveNew) m_meeting.move_new_text = std::move(extra_text);
+  if (key == EventKey::MoveNew) {
+    m_meeting.move_new_text = std::move(extra_text);
+  }
 }
 
 void ControlBarDataManager::SetTestContent(std::map<EventKey, std::string> texts) {
@@ -160,7 +176,9 @@ void ControlBarDataManager::WriteDefaults() {
       status = kStatusUnread;
     }
     SetEventKeyParams(row.key, row.Label(screen_share), status, row.tip_id, row.expand, 0);
-    if (row.key == EventKey::InfoText) SetButtonTooltip();
+    if (row.key == EventKey::InfoText) {
+      SetButtonTooltip();
+    }
   }
 }
 
@@ -172,7 +190,9 @@ const char* ControlBarDataManager::GetNativeText(std::uint64_t id) const {
     return nullptr;
   }
   const char* const text = m_texts.Find(id);
-  if (text == nullptr) Fault("Invalid textId: {}.", id);
+  if (text == nullptr) {
+    Fault("Invalid textId: {}.", id);
+  }
   return text;
 }
 
@@ -259,7 +279,9 @@ void ControlBarDataManager::UpdateParticipants(const ParticipantList& participan
 void ControlBarDataManager::RegisterForAvatars() {
   const Scope scope(__func__);
   using VELLOMAR_SERVER_API::VellomarServerApiResponser;
-  if (!VellomarServerApiResponser::HasInstance()) return;
+  if (!VellomarServerApiResponser::HasInstance()) {
+    return;
+  }
   VellomarServerApiResponser::GetInstance()->SetAvatarCallback(
       [this](const std::string& key, const std::string& path) { SetAvatarPath(key, path); });
 }
@@ -267,14 +289,18 @@ void ControlBarDataManager::RegisterForAvatars() {
 const Participant* ControlBarDataManager::FindParticipantByKey(const std::string& key) const {
   const Scope scope(__func__);
   const Participant* const participant = m_participants.Find(key);
-  if (participant == nullptr) Fault("[Controlbar Data] params == nullptr!");
+  if (participant == nullptr) {
+    Fault("[Controlbar Data] params == nullptr!");
+  }
   return participant;
 }
 
 std::string ControlBarDataManager::GetAvatarPath(const std::string& participant_key) const {
   const Scope scope(__func__);
   const Participant* const participant = m_participants.Find(participant_key);
-  if (participant != nullptr) return participant->avatar_path;
+  if (participant != nullptr) {
+    return participant->avatar_path;
+  }
   Fault("GetAvatarPath value not found!");
   return {};
 }

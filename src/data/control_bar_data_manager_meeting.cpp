@@ -267,10 +267,14 @@ void ControlBarDataManager::UpdateBtnShareNewExpandStatus() {
 
 void ControlBarDataManager::UpdateSubTypeLabels() {
   const Scope scope(__func__);
-  if (m_texts.IsEmpty()) return;  // the first text map writes them
+  if (m_texts.IsEmpty()) {
+    return;  // the first text map writes them
+  }
   const bool screen_share = IsScreenShareOrBox(m_meeting.sub_type);
   for (const ButtonDefault& row : ButtonDefaults()) {
-    if (!row.NamesWhatIsShared()) continue;
+    if (!row.NamesWhatIsShared()) {
+      continue;
+    }
     SetEventKeyParams(row.key, GetNativeText(row.Label(screen_share)), 0);
   }
 }
@@ -278,7 +282,9 @@ void ControlBarDataManager::UpdateSubTypeLabels() {
 void ControlBarDataManager::UpdateLeaveButton() {
   const Scope scope(__func__);
   // Outside a sub-room only what was changed inside is put back.
-  if (!IsInSubRoom() && m_buttons.At(EventKey::Leave).iconPath == nullptr) return;
+  if (!IsInSubRoom() && m_buttons.At(EventKey::Leave).iconPath == nullptr) {
+    return;
+  }
   const bool leaves_room = LeavesSubRoom();
   SetButtonIconPath(EventKey::Leave, leaves_room ? kLeaveRoomIcon : kCallEndIcon);
   SetButtonContent(EventKey::Leave, leaves_room ? text_id::kLeaveRoom : text_id::kLeave);

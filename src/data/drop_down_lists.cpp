@@ -34,7 +34,9 @@ BtnParams& DropDownLists::AddRow(List& list, const Row& row) const {
 }
 
 void DropDownLists::AddRows(List& list, std::span<const Row> rows) const {
-  for (const Row& row : rows) AddRow(list, row);
+  for (const Row& row : rows) {
+    AddRow(list, row);
+  }
 }
 
 void DropDownLists::AddDeviceRows(List& list, const Row& row, const SharedDevices& devices) const {
@@ -63,7 +65,9 @@ BtnParams* DropDownLists::Fixed(Window window, std::span<const Row> rows, int& c
 void DropDownLists::CloseAll() {
   m_closed.reserve(m_closed.size() + m_open.size());
   for (List& list : m_open) {
-    if (!list.rows.empty()) m_closed.push_back(std::exchange(list, {}));
+    if (!list.rows.empty()) {
+      m_closed.push_back(std::exchange(list, {}));
+    }
   }
 }
 
@@ -181,7 +185,9 @@ BtnParams* DropDownLists::Participants(int& count) {
     AddRow(list, {EventKey::StopRemoteControl, "ControlButton", text_id::kStopRemoteControl});
   }
   m_from.participants.ForEach([&](const std::shared_ptr<const Participant>& participant) {
-    if (participant->room != m_from.meeting.sub_room_id) return;
+    if (participant->room != m_from.meeting.sub_room_id) {
+      return;
+    }
     list.owners.push_back(participant);
     BtnParams& row = AddRow(list, {EventKey::ParticipantRow, "ListView", kNone});
     row.text = participant->display_name.c_str();

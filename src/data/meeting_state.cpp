@@ -63,13 +63,17 @@ std::int32_t MeetingState::SharingPermissionsStatus() const {
 }
 
 std::int32_t MeetingState::OnlyHostShareStatus() const {
-  if (host_info.showShareAccess == 0) return kStatusHidden;
+  if (host_info.showShareAccess == 0) {
+    return kStatusHidden;
+  }
   return only_host_can_share ? kStatusOn : 0;
 }
 
 std::int32_t MeetingState::OnlyHostReshareStatus() const {
   std::int32_t status = kStatusHidden;
-  if (host_info.showShareAccess != 0) status = only_host_can_reshare ? kStatusOn : 0;
+  if (host_info.showShareAccess != 0) {
+    status = only_host_can_reshare ? kStatusOn : 0;
+  }
   return only_host_can_share ? status | kStatusDisabled : status;
 }
 
@@ -82,8 +86,12 @@ std::int32_t MeetingState::NewParticipantMicStatus() const {
 }
 
 std::int32_t MeetingState::MicOperateStatus() const {
-  if (host_info.showEnableOpenMicBySelf == 0) return kStatusHidden;
-  if (host_info.enableUseEnableOpenMicBySelf == 0) return kStatusDisabled;
+  if (host_info.showEnableOpenMicBySelf == 0) {
+    return kStatusHidden;
+  }
+  if (host_info.enableUseEnableOpenMicBySelf == 0) {
+    return kStatusDisabled;
+  }
   return host_info.enableOpenMicBySelf != 0 ? kStatusOn : 0;
 }
 

@@ -73,12 +73,20 @@ void ParticipantStore::Update(const ParticipantList& participants) {
 void ParticipantStore::Prepare(Changes& changes, const std::string& key,
                                const ParticipantList::Item& item) {
   const auto known = m_participants.find(key);
-  if (known != m_participants.end()) known->second.update = m_update;
+  if (known != m_participants.end()) {
+    known->second.update = m_update;
+  }
   const auto prepared = changes.entries.find(key);  // where the list names somebody twice
   const Entry* old = nullptr;
-  if (known != m_participants.end()) old = &known->second;
-  if (prepared != changes.entries.end()) old = &prepared->second;
-  if (old != nullptr && IsSame(*old, item)) return;
+  if (known != m_participants.end()) {
+    old = &known->second;
+  }
+  if (prepared != changes.entries.end()) {
+    old = &prepared->second;
+  }
+  if (old != nullptr && IsSame(*old, item)) {
+    return;
+  }
 
   if (old == nullptr) {
     VELLOMAR_LOG::Info("add participant: userid {}, avatarKey: {}", item.id.user_id,
@@ -89,7 +97,9 @@ void ParticipantStore::Prepare(Changes& changes, const std::string& key,
   if (prepared != changes.entries.end() && prepared->second.avatar) {
     changes.avatars.erase(*prepared->second.avatar);
   }
-  if (!item.avatar_key.empty()) entry.avatar = changes.avatars.emplace(item.avatar_key, key);
+  if (!item.avatar_key.empty()) {
+    entry.avatar = changes.avatars.emplace(item.avatar_key, key);
+  }
   changes.entries.insert_or_assign(key, std::move(entry));
 }
 
@@ -112,7 +122,9 @@ ParticipantStore::Entry ParticipantStore::Changed(const Entry& old,
   const bool keeps_path = old.path_source == PathSource::kNobody ||
                           (old.path_source == PathSource::kResponse && same_avatar);
   const std::shared_ptr<Participant> participant = MakeParticipant(was.key, item);
-  if (keeps_path) participant->avatar_path = was.avatar_path;
+  if (keeps_path) {
+    participant->avatar_path = was.avatar_path;
+  }
   Entry entry;
   entry.participant = participant;
   entry.listed_path = item.avatar_path;
@@ -133,7 +145,9 @@ bool ParticipantStore::IsSame(const Entry& entry, const ParticipantList::Item& i
 // Before they go: writing a line may fail.
 void ParticipantStore::LogMissing() const {
   for (const auto& [key, entry] : m_participants) {
-    if (entry.update == m_update) continue;
+    if (entry.update == m_update) {
+      continue;
+    }
     VELLOMAR_LOG::Info("remove participant: userid {}, avatarKey: {}", entry.participant->user_id,
                        entry.participant->avatar_key);
   }
@@ -142,8 +156,12 @@ void ParticipantStore::LogMissing() const {
 void ParticipantStore::Take(Changes& changes) noexcept {
   for (auto& [key, entry] : changes.entries) {
     const auto known = m_participants.find(key);
-    if (known == m_participants.end()) continue;
-    if (known->second.avatar) m_avatars.erase(*known->second.avatar);
+    if (known == m_participants.end()) {
+      continue;
+    }
+    if (known->second.avatar) {
+      m_avatars.erase(*known->second.avatar);
+    }
     known->second = std::move(entry);
   }
   m_avatars.merge(changes.avatars);       // the entries' iterators stay valid
@@ -158,7 +176,9 @@ void ParticipantStore::RemoveMissing() noexcept {
       ++next;
       continue;
     }
-    if (entry.avatar) m_avatars.erase(*entry.avatar);
+    if (entry.avatar) {
+      m_avatars.erase(*entry.avatar);
+    }
     next = m_participants.erase(next);
   }
 }
@@ -166,7 +186,9 @@ void ParticipantStore::RemoveMissing() noexcept {
 // The host may update the participants from inside a question: whom that adds, the loop that is
 // under way asks for, so that the stack does not grow with the answers.
 void ParticipantStore::AskForAvatars() {
-  if (m_isAsking) return;
+  if (m_isAsking) {
+    return;
+  }
   struct Asking {
     explicit Asking(bool& flag) : is_asking(flag) { is_asking = true; }
     ~Asking() { is_asking = false; }
@@ -182,7 +204,9 @@ void ParticipantStore::AskForAvatars() {
 void ParticipantStore::AskForAvatar(const std::string& key) {
   const auto found = m_participants.find(key);
   // Gone, or gone and back again and in the queue twice.
-  if (found == m_participants.end() || found->second.asked) return;
+  if (found == m_participants.end() || found->second.asked) {
+    return;
+  }
   found->second.asked = true;
   const std::shared_ptr<const Participant> asked =
       found->second.participant;  // kept while it lasts
@@ -190,9 +214,13 @@ void ParticipantStore::AskForAvatar(const std::string& key) {
     return;
   }
   const auto now = m_participants.find(key);
-  if (now == m_participants.end() || !now->second.asked) return;
+  if (now == m_participants.end() || !now->second.asked) {
+    return;
+  }
   Entry& entry = now->second;
-  if (entry.path_source == PathSource::kResponse) return;  // it came from inside the question
+  if (entry.path_source == PathSource::kResponse) {
+    return;  // it came from inside the question
+  }
   entry.participant = WithPath(*entry.participant, {});
   entry.path_source = PathSource::kNobody;
 }

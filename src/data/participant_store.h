@@ -47,7 +47,9 @@ class ParticipantStore {
   // In the order of the keys. Who keeps the pointer keeps the participant as it is now.
   template <typename Visit>
   void ForEach(Visit visit) const {
-    for (const auto& [key, entry] : m_participants) visit(entry.participant);
+    for (const auto& [key, entry] : m_participants) {
+      visit(entry.participant);
+    }
   }
 
  private:

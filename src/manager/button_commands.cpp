@@ -89,8 +89,12 @@ void ControlbarManager::SetInterpretationCloseOrigin(bool status) {
 void ControlbarManager::SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status,
                                         VELLOMAR_LOG::FormatString<const char*&> log) {
   std::int32_t word = 0;
-  if (status == 0) word = VELLOMAR_LORIMEL::kStatusDeviceMuted;
-  if (status == 2) word = VELLOMAR_LORIMEL::kStatusDeviceUnavailable;
+  if (status == 0) {
+    word = VELLOMAR_LORIMEL::kStatusDeviceMuted;
+  }
+  if (status == 2) {
+    word = VELLOMAR_LORIMEL::kStatusDeviceUnavailable;
+  }
   const char* state = word != 0 ? "Mute" : "Unmute";
   Info(log, state);
   Apply(Whole(key, word, text_id));
@@ -191,7 +195,9 @@ void ControlbarManager::SetJoinPermission(std::int64_t level) {
     return;
   }
   BtnParams* const params = Record(EventKey::JoinPermission);
-  if (params == nullptr) return;
+  if (params == nullptr) {
+    return;
+  }
   params->groupValue = static_cast<std::int32_t>(level - 1);
   UpdateUIElement(EventKey::JoinPermission);
 }
@@ -219,13 +225,17 @@ void ControlbarManager::SetKeepMyVideoOnTheScreenStatus(int visible, int enabled
 void ControlbarManager::SetButtonEnable(EventKey key, bool enable) {
   const Scope scope(__func__);
   Info("SetButtonEnable: {},{}", static_cast<int>(key), enable);
-  if (Record(key) != nullptr) Apply(Enabled(key, enable));
+  if (Record(key) != nullptr) {
+    Apply(Enabled(key, enable));
+  }
 }
 
 void ControlbarManager::SetButtonVisible(EventKey key, bool visible) {
   const Scope scope(__func__);
   Info("SetButtonVisible: {},{}", static_cast<int>(key), visible);
-  if (Record(key) != nullptr) Apply(Shown(key, visible));
+  if (Record(key) != nullptr) {
+    Apply(Shown(key, visible));
+  }
 }
 
 void ControlbarManager::RefreshShareNew() {

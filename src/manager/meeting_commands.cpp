@@ -67,7 +67,9 @@ void ControlbarManager::SwitchSubType(std::int64_t from, std::int64_t to) {
   // Before the call: the library may report the close while it lasts. With nothing to close there
   // is nothing to create anew, unless a close is still to be reported.
   const bool closing = std::exchange(m_recreatePending, true);
-  if (!Lorimel::GetInstance()->CloseSharedControlbar() && !closing) ForgetPending();
+  if (!Lorimel::GetInstance()->CloseSharedControlbar() && !closing) {
+    ForgetPending();
+  }
 }
 
 void ControlbarManager::SetMeetingSubType(std::int64_t type) {
@@ -77,7 +79,9 @@ void ControlbarManager::SetMeetingSubType(std::int64_t type) {
   m_data->SetMeetingSubType(type);
   if (type != old) {
     m_data->UpdateSubTypeLabels();  // before the switch, which creates the bar anew
-    if (m_handleControlbar != nullptr) SwitchSubType(old, type);
+    if (m_handleControlbar != nullptr) {
+      SwitchSubType(old, type);
+    }
   }
   SetSketchEnable(m_data->GetSketchEnabled());
   SetSketchVisible(m_data->GetSketchVisible());
@@ -113,7 +117,9 @@ void ControlbarManager::SetSketchEnable(bool enable) {
   const Scope scope(__func__);
   Info("[Controlbar] Set annotate enable {}.", enable);
   m_data->SetSketchEnabled(enable);
-  if (!IsSketchLoading()) Change(Enabled(EventKey::Annotate, enable));
+  if (!IsSketchLoading()) {
+    Change(Enabled(EventKey::Annotate, enable));
+  }
   UpdateUIElement(EventKey::Annotate);
 }
 
@@ -122,9 +128,13 @@ void ControlbarManager::SetSketchVisible(bool visible) {
   Info("[Controlbar] Set annotate visible {}.", visible);
   m_data->SetSketchVisible(visible);
   const bool screen_box = m_data->GetMeetingSubType() == kSubTypeScreenBox;
-  if (screen_box) Info("meeting sub type is SCREEN_BOX. sketch button is invalid.");
+  if (screen_box) {
+    Info("meeting sub type is SCREEN_BOX. sketch button is invalid.");
+  }
   m_isAnnotateHidden = screen_box || !visible;
-  if (!IsSketchLoading()) Change(Shown(EventKey::Annotate, !m_isAnnotateHidden));
+  if (!IsSketchLoading()) {
+    Change(Shown(EventKey::Annotate, !m_isAnnotateHidden));
+  }
   UpdateUIElement(EventKey::Annotate);
 }
 
@@ -177,7 +187,9 @@ void ControlbarManager::SetUnderControl(std::int64_t status, std::string user_id
   Info("Set remote control status {},controler: {},{}.", status, user_id, display_name);
   const bool under_control = status != 0;
   m_data->SetRemoteControler(under_control, std::move(user_id), std::move(display_name));
-  if (!under_control) m_isRemoteControlPaused = false;
+  if (!under_control) {
+    m_isRemoteControlPaused = false;
+  }
   Apply(Shown(EventKey::StopRemoteControl, under_control));
   Apply(PauseIndicator());
   UpdateUIElement(EventKey::InfoText);

@@ -24,12 +24,16 @@ EventKey WholeKey(std::uint64_t slot) {
 
 BtnParams* ControlbarManager::Record(EventKey key) {
   BtnParams* const params = m_data->GetEventKeyParams(key);
-  if (params == nullptr) VELLOMAR_LOG::Fault("[Controlbar Data] params == nullptr!");
+  if (params == nullptr) {
+    VELLOMAR_LOG::Fault("[Controlbar Data] params == nullptr!");
+  }
   return params;
 }
 
 void ControlbarManager::Push(BtnParams& params) {
-  if (m_data->IsShown(params)) Lorimel::GetInstance()->SetEventKey(params);
+  if (m_data->IsShown(params)) {
+    Lorimel::GetInstance()->SetEventKey(params);
+  }
 }
 
 void ControlbarManager::UpdateUIElement(EventKey key) {
@@ -46,7 +50,9 @@ void ControlbarManager::UpdateUIElement(EventKey key) {
 void ControlbarManager::Change(const ButtonChange& change) {
   const std::int32_t status = m_data->GetEventKeyStatus(change.key);
   m_data->SetEventKeyParams(change.key, (status & ~change.clear) | change.set);
-  if (change.text_id == ControlBarDataManager::kNoText) return;
+  if (change.text_id == ControlBarDataManager::kNoText) {
+    return;
+  }
   m_data->SetEventKeyParams(change.key, m_data->GetNativeText(change.text_id), 0);
 }
 
@@ -67,7 +73,9 @@ VellomarRect ControlbarManager::PositionOf(EventKey key) {
 void ControlbarManager::SetTextMap(std::vector<std::uint64_t> ids, std::vector<std::string> texts) {
   const Scope scope(__func__);
   const bool taken = m_data->InitTextMapping(std::move(ids), std::move(texts));
-  if (!taken || m_handleControlbar == nullptr) return;
+  if (!taken || m_handleControlbar == nullptr) {
+    return;
+  }
   int count = 0;
   BtnParams* const params = m_data->GetAllParams(&count);
   std::for_each(params, params + count, [this](BtnParams& record) { Push(record); });
@@ -86,12 +94,16 @@ void ControlbarManager::SetTestContentMap(const std::vector<std::uint64_t>& keys
   for (std::size_t i = 0; i < keys.size(); ++i) {
     const EventKey key = WholeKey(keys[i]);
     BtnParams* const params = Record(key);
-    if (params == nullptr || !m_data->IsShown(*params)) continue;
+    if (params == nullptr || !m_data->IsShown(*params)) {
+      continue;
+    }
     content.insert_or_assign(key, std::move(texts[i]));
     records.push_back(params);
   }
   m_data->SetTestContent(std::move(content));
-  for (BtnParams* const params : records) Push(*params);
+  for (BtnParams* const params : records) {
+    Push(*params);
+  }
 }
 
 void ControlbarManager::SetItemValue(EventKey key, bool has_expend, std::string item_name,
@@ -102,7 +114,9 @@ void ControlbarManager::SetItemValue(EventKey key, bool has_expend, std::string 
       "sta: {}.",
       static_cast<int>(key), has_expend, item_name, item_text, tag, sta);
   BtnParams* const params = Record(key);
-  if (params == nullptr) return;
+  if (params == nullptr) {
+    return;
+  }
   m_data->SetItem(key, has_expend, std::move(item_name), std::move(item_text), std::move(tag), sta);
   Push(*params);
 }

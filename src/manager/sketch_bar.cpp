@@ -31,7 +31,9 @@ bool ControlbarManager::ShowSketchControlbar(bool show) {
     Info("Hide Sketch Controlbar");
     return done;
   }
-  if (!done) return false;
+  if (!done) {
+    return false;
+  }
   for (const EventKey key : kSketchKeys) {
     BtnParams* const params = m_data->GetEventKeyParams(key);
     if (params == nullptr) {
@@ -47,7 +49,9 @@ void ControlbarManager::SelectSketchBtn(EventKey key) {
   const Scope scope(__func__);
   for (const EventKey tool : {EventKey::SketchSelect, EventKey::SketchMouse}) {
     BtnParams* const params = Record(tool);
-    if (params == nullptr) continue;
+    if (params == nullptr) {
+      continue;
+    }
     params->status = key == tool ? VELLOMAR_LORIMEL::kStatusOn : 0;
     Push(*params);
   }
@@ -56,10 +60,14 @@ void ControlbarManager::SelectSketchBtn(EventKey key) {
 void ControlbarManager::SetSketchColor(std::int64_t color) {
   const Scope scope(__func__);
   BtnParams* const params = Record(EventKey::SketchColor);
-  if (params == nullptr) return;
+  if (params == nullptr) {
+    return;
+  }
   // The choice that the button shows is the key of its palette entry.
   params->groupValue = static_cast<std::int32_t>(EventKey::SketchColorNone);
-  if (color >= 1 && color <= 4) params->groupValue += static_cast<std::int32_t>(color);
+  if (color >= 1 && color <= 4) {
+    params->groupValue += static_cast<std::int32_t>(color);
+  }
   Push(*params);
   Info("[Controlbar] SetSketchColor  {}, color: {}.", params->groupValue, color);
 }
@@ -67,7 +75,9 @@ void ControlbarManager::SetSketchColor(std::int64_t color) {
 void ControlbarManager::SetSketchbarBtnEnable(EventKey key, bool enable) {
   const Scope scope(__func__);
   BtnParams* const params = Record(key);
-  if (params == nullptr) return;
+  if (params == nullptr) {
+    return;
+  }
   params->status = enable ? 0 : VELLOMAR_LORIMEL::kStatusDisabled;
   Info("[Controlbar] SetSketchbarBtnEnable key: {}, enable: {}.", static_cast<int>(key), enable);
   Push(*params);
@@ -80,9 +90,13 @@ bool ControlbarManager::IsSketchLoading() const {
 void ControlbarManager::SetSketcheLoading(bool loading) {
   const Scope scope(__func__);
   BtnParams* const params = Record(EventKey::Annotate);
-  if (params == nullptr) return;
+  if (params == nullptr) {
+    return;
+  }
   constexpr std::int32_t kHidden = VELLOMAR_LORIMEL::kStatusHidden;
-  if (!IsSketchLoading()) m_isAnnotateHidden = (params->status & kHidden) != 0;
+  if (!IsSketchLoading()) {
+    m_isAnnotateHidden = (params->status & kHidden) != 0;
+  }
   const bool hidden = m_isAnnotateHidden || m_data->GetMeetingSubType() == kSubTypeScreenBox;
   if (loading) {
     params->status = VELLOMAR_LORIMEL::kStatusLoading;

@@ -8,7 +8,9 @@ namespace VELLOMAR_CONTROLBAR {
 using VELLOMAR_LOG::Info;
 
 bool UserAction::HasTag(const char* handler) const {
-  if (event.valueText != nullptr) return true;
+  if (event.valueText != nullptr) {
+    return true;
+  }
   VELLOMAR_LOG::Fault("{} tag is nullptr!", handler);
   return false;
 }
@@ -73,14 +75,20 @@ void OnRemoteControl(const UserAction& user) {
   const bool chosen = user.event.valueText != nullptr && user.event.valueText[0] != '\0';
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_remoteControl>(open);
   Info("Controlbar {} remote control.", kOpen.Of(open));
-  if (chosen) OnRemoteControlGrant(user);
+  if (chosen) {
+    OnRemoteControlGrant(user);
+  }
 }
 
 void OnRemoteControlGrant(const UserAction& user) {
   const ControlbarManager::Scope scope(__func__);
-  if (!user.HasTag(__func__)) return;
+  if (!user.HasTag(__func__)) {
+    return;
+  }
   const Participant* const found = user.data.FindParticipantByKey(user.event.valueText);
-  if (found == nullptr) return;
+  if (found == nullptr) {
+    return;
+  }
   Notifier::GetInstance()->Send<VELLOMAR_NOTIFY_remoteControlGrant>(
       found->user_id.c_str(), found->instance_id.c_str(), found->number,
       found->display_name.c_str(), found->room.c_str(), found->avatar_key.c_str(),

@@ -212,7 +212,9 @@ static_assert(std::adjacent_find(std::begin(kRows), std::end(kRows),
 
 void Log(const Row& row, bool on, const char* tag) {
   const fmt::string_view line(row.log);
-  if (line.size() == 0) return;
+  if (line.size() == 0) {
+    return;
+  }
   if (row.words.on != nullptr) {
     const char* word = row.words.Of(on);
     Info(row.log, word);
@@ -225,10 +227,16 @@ void Log(const Row& row, bool on, const char* tag) {
 
 void Run(const Row& row, const UserAction& user) {
   const ControlbarManager::Scope scope(row.handler);
-  if (row.needs_tag && !user.HasTag(row.handler)) return;
+  if (row.needs_tag && !user.HasTag(row.handler)) {
+    return;
+  }
   const bool on = user.IsOn() != row.inverted;
-  if (row.keeps_status) user.data.SetEventKeyParams(row.key, user.event.status);
-  if (row.store != nullptr) (user.data.*row.store)(on);
+  if (row.keeps_status) {
+    user.data.SetEventKeyParams(row.key, user.event.status);
+  }
+  if (row.store != nullptr) {
+    (user.data.*row.store)(on);
+  }
   const char* tag = user.event.valueText;
   row.notify(on, tag);
   Log(row, on, tag);
@@ -238,7 +246,9 @@ void Run(const Row& row, const UserAction& user) {
 
 void RunUserAction(ControlbarManager& manager, const BtnParams& event) {
   const auto* const row = std::lower_bound(std::begin(kRows), std::end(kRows), event.key, &Before);
-  if (row == std::end(kRows) || event.key < row->key) return;
+  if (row == std::end(kRows) || event.key < row->key) {
+    return;
+  }
   const UserAction user{manager, manager.Data(), event};
   if (row->own != nullptr) {
     row->own(user);

@@ -36,7 +36,9 @@ BtnParams* OnShowWindow(EventKey key, int& count) {
   const bool built = Guarded("OnGetWindowInfo", [&] {
     rows = ControlbarManager::GetInstance()->OnGetWindowInfo(key, count);
   });
-  if (built) return rows;
+  if (built) {
+    return rows;
+  }
   count = 0;
   return nullptr;
 }
@@ -61,7 +63,9 @@ class ReceivedEvent {
  private:
   // A text that is not there stays away: it is not the same as an empty one.
   static const char* Keep(const char* text, std::string& kept) {
-    if (text == nullptr) return nullptr;
+    if (text == nullptr) {
+      return nullptr;
+    }
     kept = text;
     return kept.c_str();
   }
@@ -175,9 +179,13 @@ void ControlbarManager::RecreateControlbar() {
   const bool shown =
       ShowSharedControlbar(displayRect.x, displayRect.y, displayRect.width, displayRect.height);
   const bool created = m_handleControlbar != nullptr;
-  if (!created) m_handleControlbar = closed;  // the last one is kept
+  if (!created) {
+    m_handleControlbar = closed;  // the last one is kept
+  }
   SetMeetingNumber(m_data->GetMeetingNumber());
-  if (shown) return;
+  if (shown) {
+    return;
+  }
   // The host must not believe that there is a bar. One that is there and cannot be shown is closed,
   // and the host told when that is reported; one that the host has closed is not there.
   if (created) {
@@ -193,14 +201,18 @@ BtnParams* ControlbarManager::OnGetWindowInfo(EventKey key, int& count) {
   const auto* window = std::find_if(std::begin(kWindows), std::end(kWindows),
                                     [key](const WindowRows& w) { return w.key == key; });
   const bool offered = key != EventKey::Interpretation || m_data->GetInterpretationEnable();
-  if (window != std::end(kWindows) && offered) rows = (m_data.get()->*window->format)(count);
+  if (window != std::end(kWindows) && offered) {
+    rows = (m_data.get()->*window->format)(count);
+  }
   VELLOMAR_LOG::Info("[Controlbar] window info callback, item count: {}, item data: {}", count,
                      fmt::ptr(rows));
   return rows;
 }
 
 void ControlbarManager::OnUIEvent(BtnParams& params) {
-  if (!m_key1077Enabled && params.key == EventKey::WidgetMoving) return;
+  if (!m_key1077Enabled && params.key == EventKey::WidgetMoving) {
+    return;
+  }
   const Scope scope(__func__);
   const ReceivedEvent event(params);
   VELLOMAR_LOG::Info("OnUIEvent type:{}", static_cast<int>(params.key));

@@ -178,7 +178,9 @@ TEST_F(EventLoopTest, TimersRepeatUntilUninitStopsThemInOrder) {
   Loop().StartTimer(5, Counting());
   host.next_id = 20;
   Loop().StartTimer(6, Counting());
-  for (const Id id : {30u, 30u, 20u}) host.Fire(id);
+  for (const Id id : {30u, 30u, 20u}) {
+    host.Fire(id);
+  }
   EXPECT_EQ(runs, 3);
   EventLoopTable table = host.Table();
   table.stopTimerFn = nullptr;
@@ -251,7 +253,9 @@ TEST_F(EventLoopTest, TheObserverIsRegisteredOnceWhateverItsId) {
   EndThePlugIn();
   host.observer_id = 0;
   host.calls.clear();
-  for (int times = 0; times < 2; ++times) Loop().Init(host.Table());
+  for (int times = 0; times < 2; ++times) {
+    Loop().Init(host.Table());
+  }
   Loop().Init({});
   EXPECT_EQ(host.calls, (Calls{"addObserver 0", "removeObserver 0"}));
   EXPECT_EQ(host.observer.context, nullptr);
@@ -285,7 +289,9 @@ TEST_F(EventLoopTest, CallsListenersInTheOrderOfTheirIds) {
   EXPECT_EQ(second, first + 1);
   host.Turn();
   EXPECT_EQ(order, "abcd");
-  for (int times = 0; times < 2; ++times) Loop().RemoveListener(second);
+  for (int times = 0; times < 2; ++times) {
+    Loop().RemoveListener(second);
+  }
   host.Turn();
   EXPECT_EQ(order, "abcdcd");
 }

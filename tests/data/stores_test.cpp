@@ -74,7 +74,9 @@ TEST(DropDownLists, RowsKeepWhatTheyShow) {
   int count = 0;
   const BtnParams* const rows = lists.Cameras(count);
   meeting.Forget();
-  for (int i = 0; i < 2; ++i) texts.Replace({}, {});
+  for (int i = 0; i < 2; ++i) {
+    texts.Replace({}, {});
+  }
   lists.CloseAll();
   EXPECT_FALSE(cameras.expired() || words.expired()) << "a window is still closing";
   EXPECT_STREQ(rows[1].valueText, "cam-1");

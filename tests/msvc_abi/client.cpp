@@ -20,15 +20,29 @@ int Run() {
   loop.postFn = Post;
   loop.runSyncFn = RunSync;
   constexpr uint32_t kNoLog = 3;
-  if (!ExportedInit(nullptr, nullptr, nullptr, &loop, "", "", kNoLog)) return 1;
-  if (!ExportedStart()) return 2;
+  if (!ExportedInit(nullptr, nullptr, nullptr, &loop, "", "", kNoLog)) {
+    return 1;
+  }
+  if (!ExportedStart()) {
+    return 2;
+  }
   VellomarShowControlbar show = {{0, 0, 1920, 1080}, 0};
-  if (!ExportedCallEvent(VELLOMAR_COMMAND_showSharedControlbar, 0, &show)) return 3;
-  if (show.result != 1) return 4;
+  if (!ExportedCallEvent(VELLOMAR_COMMAND_showSharedControlbar, 0, &show)) {
+    return 3;
+  }
+  if (show.result != 1) {
+    return 4;
+  }
   VellomarFlag visible = {1};
-  if (!ExportedCallEvent(VELLOMAR_COMMAND_setSketchVisible, 0, &visible)) return 5;
-  if (!ExportedOnReceive(1, 0, &visible) || !ExportedOnDelegate(1, 0, &visible)) return 6;
-  if (!ExportedCallDrop(VELLOMAR_COMMAND_showSharedControlbar, 0)) return 7;
+  if (!ExportedCallEvent(VELLOMAR_COMMAND_setSketchVisible, 0, &visible)) {
+    return 5;
+  }
+  if (!ExportedOnReceive(1, 0, &visible) || !ExportedOnDelegate(1, 0, &visible)) {
+    return 6;
+  }
+  if (!ExportedCallDrop(VELLOMAR_COMMAND_showSharedControlbar, 0)) {
+    return 7;
+  }
   return ExportedStop() && ExportedUninit() ? 0 : 8;
 }
 

@@ -43,7 +43,9 @@ class MsvcAbiTest : public testing::Test {
   std::vector<json> Notified(std::string_view name) const {
     std::vector<json> payloads;
     for (const auto& [notification, payload] : session.notifications()) {
-      if (notification->name == name) payloads.push_back(payload);
+      if (notification->name == name) {
+        payloads.push_back(payload);
+      }
     }
     return payloads;
   }

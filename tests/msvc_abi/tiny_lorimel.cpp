@@ -10,7 +10,9 @@
 extern "C" void* memcpy(void* to, const void* from, size_t size) {
   auto* target = static_cast<unsigned char*>(to);
   const auto* source = static_cast<const unsigned char*>(from);
-  for (size_t i = 0; i < size; ++i) target[i] = source[i];
+  for (size_t i = 0; i < size; ++i) {
+    target[i] = source[i];
+  }
   return to;
 }
 
@@ -28,7 +30,9 @@ VELLOMAR_LORIMEL::ShowWindowCallback* on_show_window;
 VELLOMAR_LORIMEL::ClosedCallback* on_closed;
 
 bool Check(const Lorimel* self) {
-  if (self != &instance) ++received.wrongThis;
+  if (self != &instance) {
+    ++received.wrongThis;
+  }
   return self == &instance;
 }
 
@@ -45,7 +49,9 @@ bool Lorimel::CreateControlbar(const char* title, int64_t x, int64_t y, int64_t 
                                bool /*unused*/, BtnParams* params, int count, int type,
                                bool /*simplify*/) {
   const int room = sizeof received.title - 1;
-  for (int i = 0; i < room && title[i] != '\0'; ++i) received.title[i] = title[i];
+  for (int i = 0; i < room && title[i] != '\0'; ++i) {
+    received.title[i] = title[i];
+  }
   received.display = {x, y, width, height};
   received.count = count;
   received.type = type;

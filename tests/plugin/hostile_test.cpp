@@ -36,7 +36,9 @@ class Chaos {
   std::vector<std::string> CommandsInSomeOrder() {
     std::vector<std::string> steps;
     for (const Message& message : streams::Messages()) {
-      if (message.kind == "command") steps.push_back(Command(message));
+      if (message.kind == "command") {
+        steps.push_back(Command(message));
+      }
     }
     std::shuffle(steps.begin(), steps.end(), random_);
     return steps;
@@ -72,7 +74,9 @@ class Chaos {
   std::string Command(const Message& message) {
     std::string step = message.name;
     for (const auto& field : message.fields) {
-      if (!field.is_out) step += " " + field.name + "=" + Argument(field);
+      if (!field.is_out) {
+        step += " " + field.name + "=" + Argument(field);
+      }
     }
     return step;
   }
@@ -87,13 +91,23 @@ class Chaos {
   }
 
   std::string Value(const std::string& type) {
-    if (type == "flag") return std::to_string(random_() % 3 * 127);
-    if (type == "text" && random_() % 9 == 0) return std::string(20'000, 'x');
-    if (type == "text") return random_() % 9 == 0 ? "null" : streams::Quoted(Any(kTexts));
+    if (type == "flag") {
+      return std::to_string(random_() % 3 * 127);
+    }
+    if (type == "text" && random_() % 9 == 0) {
+      return std::string(20'000, 'x');
+    }
+    if (type == "text") {
+      return random_() % 9 == 0 ? "null" : streams::Quoted(Any(kTexts));
+    }
     const Message* const record = streams::FindMessage("record", type);
-    if (record == nullptr) return std::to_string(Number());
+    if (record == nullptr) {
+      return std::to_string(Number());
+    }
     std::string values;
-    for (const auto& field : record->fields) values += " " + Value(field.type);
+    for (const auto& field : record->fields) {
+      values += " " + Value(field.type);
+    }
     return values;
   }
 

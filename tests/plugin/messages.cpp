@@ -18,9 +18,15 @@ struct Size {
 };
 
 Size SizeOf(const std::string& type) {
-  if (type == "flag") return {1, 1};
-  if (type == "int") return {4, 4};
-  if (type == "text") return {sizeof(void*), sizeof(void*)};
+  if (type == "flag") {
+    return {1, 1};
+  }
+  if (type == "int") {
+    return {4, 4};
+  }
+  if (type == "text") {
+    return {sizeof(void*), sizeof(void*)};
+  }
   const Message* const record = FindMessage("record", type);
   return record != nullptr ? Size{record->size, record->alignment} : Size{8, 8};
 }
@@ -35,14 +41,22 @@ std::size_t Place(Message& message, Size size) {
 void AddField(Message& message, std::istringstream words) {
   Field field;
   std::size_t written_offset = 0;
-  if (!(words >> written_offset >> field.type)) return;
+  if (!(words >> written_offset >> field.type)) {
+    return;
+  }
   field.is_out = field.type == "out";
-  if (field.is_out) words >> field.type;
+  if (field.is_out) {
+    words >> field.type;
+  }
   words >> field.name;
   field.is_array = field.type.ends_with("[]");
-  if (field.is_array) field.type.resize(field.type.size() - 2);
+  if (field.is_array) {
+    field.type.resize(field.type.size() - 2);
+  }
   field.offset = Place(message, SizeOf(field.is_array ? "text" : field.type));
-  if (field.is_array) Place(message, SizeOf("int"));
+  if (field.is_array) {
+    Place(message, SizeOf("int"));
+  }
   if (sizeof(void*) == 4 && field.offset != written_offset) {
     throw std::runtime_error(message.name + '.' + field.name + " lies elsewhere");
   }
@@ -54,8 +68,12 @@ Message ParseMessage(const std::string& line) {
   Message message;
   std::istringstream words(line.substr(0, colon));
   words >> message.kind;
-  if (message.kind != "record") words >> message.id;
-  if (message.kind == "command") words >> message.route;
+  if (message.kind != "record") {
+    words >> message.id;
+  }
+  if (message.kind == "command") {
+    words >> message.route;
+  }
   words >> message.name;
   std::istringstream fields(line.substr(colon + 1));
   for (std::string field; std::getline(fields, field, ',');) {
@@ -66,7 +84,9 @@ Message ParseMessage(const std::string& line) {
 }
 
 bool Take(std::string_view& rest, char letter) {
-  if (!rest.starts_with(letter)) return false;
+  if (!rest.starts_with(letter)) {
+    return false;
+  }
   rest.remove_prefix(1);
   return true;
 }
@@ -101,12 +121,22 @@ void Store(std::byte* at, T value) {
 }
 
 std::string PrintValue(const std::string& type, const std::byte* at) {
-  if (type == "flag") return std::to_string(Load<std::uint8_t>(at));
-  if (type == "int") return std::to_string(Load<std::int32_t>(at));
-  if (type == "ulong") return std::to_string(Load<std::uint64_t>(at));
-  if (type == "text") return Quoted(Load<const char*>(at));
+  if (type == "flag") {
+    return std::to_string(Load<std::uint8_t>(at));
+  }
+  if (type == "int") {
+    return std::to_string(Load<std::int32_t>(at));
+  }
+  if (type == "ulong") {
+    return std::to_string(Load<std::uint64_t>(at));
+  }
+  if (type == "text") {
+    return Quoted(Load<const char*>(at));
+  }
   const Message* const nested = FindMessage("record", type);
-  if (nested == nullptr) return std::to_string(Load<std::int64_t>(at));
+  if (nested == nullptr) {
+    return std::to_string(Load<std::int64_t>(at));
+  }
   std::string list;
   for (const Field& field : nested->fields) {
     list += (list.empty() ? "[" : " ") + PrintValue(field.type, at + field.offset);
@@ -118,31 +148,41 @@ std::string PrintValue(const std::string& type, const std::byte* at) {
 
 std::string ReadFile(const std::string& path) {
   std::ifstream file(std::string(VELLOMAR_STREAMS) + "/" + path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read " + path);
+  if (!file) {
+    throw std::runtime_error("cannot read " + path);
+  }
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
 const std::vector<Message>& Messages() {
   static std::vector<Message> messages;
   static bool is_read = false;  // or being read: a record comes before those that hold it
-  if (std::exchange(is_read, true)) return messages;
+  if (std::exchange(is_read, true)) {
+    return messages;
+  }
   std::istringstream lines(ReadFile("tables/messages.txt"));
   for (std::string line; std::getline(lines, line);) {
-    if (!line.empty() && line[0] != '#') messages.push_back(ParseMessage(line));
+    if (!line.empty() && line[0] != '#') {
+      messages.push_back(ParseMessage(line));
+    }
   }
   return messages;
 }
 
 const Message* FindMessage(std::string_view kind, std::string_view name) {
   for (const Message& message : Messages()) {
-    if (message.kind == kind && message.name == name) return &message;
+    if (message.kind == kind && message.name == name) {
+      return &message;
+    }
   }
   return nullptr;
 }
 
 const Message* FindMessage(std::string_view kind, std::uint64_t id) {
   for (const Message& message : Messages()) {
-    if (message.kind == kind && message.id == id) return &message;
+    if (message.kind == kind && message.id == id) {
+      return &message;
+    }
   }
   return nullptr;
 }
@@ -154,10 +194,16 @@ Arguments ParseArguments(std::string_view line) {
   int depth = 0;
   for (std::size_t i = 0; i <= line.size(); ++i) {
     const char letter = i < line.size() ? line[i] : ' ';
-    if (letter == '"' && line[i - 1] != '\\') quoted = !quoted;
-    if (!quoted) depth += letter == '[' ? 1 : letter == ']' ? -1 : 0;
+    if (letter == '"' && line[i - 1] != '\\') {
+      quoted = !quoted;
+    }
+    if (!quoted) {
+      depth += letter == '[' ? 1 : letter == ']' ? -1 : 0;
+    }
     if (letter == ' ' && !quoted && depth == 0) {
-      if (!name.empty()) arguments[std::exchange(name, "")] = std::exchange(value, "");
+      if (!name.empty()) {
+        arguments[std::exchange(name, "")] = std::exchange(value, "");
+      }
       in_value = false;
     } else if (letter == '=' && !in_value) {
       in_value = true;
@@ -176,7 +222,9 @@ Payload::Payload(const Message& message, Arguments arguments)
     : record_(message.size / sizeof(std::uint64_t) + 1, 0xA5A5A5A5A5A5A5A5u) {
   auto* const bytes = reinterpret_cast<std::byte*>(record_.data());
   for (const Field& field : message.fields) {
-    if (field.is_out) continue;
+    if (field.is_out) {
+      continue;
+    }
     const auto given = arguments.extract(field.name);
     std::string_view value = given ? std::string_view(given.mapped()) : "null";
     if (field.is_array) {
@@ -195,14 +243,20 @@ void Payload::WriteArray(const std::string& type, std::string_view rest, std::by
   const std::size_t size = SizeOf(type).size;
   std::int32_t count = 0;
   Block* const block = Take(rest, '[') ? &arrays_.emplace_back(1) : nullptr;
-  if (block == nullptr) TakeWord(rest);  // null
+  if (block == nullptr) {
+    TakeWord(rest);  // null
+  }
   while (block != nullptr && !Take(rest, ']')) {
     const std::size_t end = static_cast<std::size_t>(count++) * size;
     block->resize((end + size) / sizeof(std::uint64_t) + 1);
     Write(type, rest, reinterpret_cast<std::byte*>(block->data()) + end);
-    if (!Take(rest, ',') && !rest.starts_with(']')) throw std::runtime_error("no end of the list");
+    if (!Take(rest, ',') && !rest.starts_with(']')) {
+      throw std::runtime_error("no end of the list");
+    }
   }
-  if (Take(rest, '*')) count = std::stoi(std::string(rest));
+  if (Take(rest, '*')) {
+    count = std::stoi(std::string(rest));
+  }
   Store<const void*>(at, block != nullptr ? block->data() : nullptr);
   Store(at + sizeof(void*), count);
 }
@@ -210,7 +264,9 @@ void Payload::WriteArray(const std::string& type, std::string_view rest, std::by
 void Payload::Write(const std::string& type, std::string_view& rest, std::byte* at) {
   if (const Message* const nested = FindMessage("record", type)) {
     Take(rest, '[');
-    for (const Field& field : nested->fields) Write(field.type, rest, at + field.offset);
+    for (const Field& field : nested->fields) {
+      Write(field.type, rest, at + field.offset);
+    }
     return;
   }
   const auto [text, is_null] = TakeWord(rest);
@@ -219,15 +275,21 @@ void Payload::Write(const std::string& type, std::string_view& rest, std::byte* 
   }
   const bool is_zero = is_null || text.empty();
   const std::uint64_t number = is_zero ? 0 : std::stoull(text);  // takes a sign as well
-  if (type == "flag") return Store(at, static_cast<std::uint8_t>(number));
-  if (type == "int" || type == "slot") return Store(at, static_cast<std::int32_t>(number));
+  if (type == "flag") {
+    return Store(at, static_cast<std::uint8_t>(number));
+  }
+  if (type == "int" || type == "slot") {
+    return Store(at, static_cast<std::int32_t>(number));
+  }
   Store(at, number);
 }
 
 std::string PrintFields(const Message& message, const void* payload, bool answers) {
   std::string line;
   for (const Field& field : message.fields) {
-    if (answers && !field.is_out) continue;
+    if (answers && !field.is_out) {
+      continue;
+    }
     line += " " + field.name + "=" +
             PrintValue(field.type, static_cast<const std::byte*>(payload) + field.offset);
   }

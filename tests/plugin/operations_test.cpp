@@ -41,7 +41,9 @@ TEST(Operations, AResponseMayReplaceItsOwnCallableAndEndThePlugIn) {
       responser->SetCallback(same, [&](std::uint64_t, void*) { heard += '2'; });
       heard += kept[99];
     });
-    for (int times = 0; times < 2; ++times) player.Play("respond " + std::to_string(id));
+    for (int times = 0; times < 2; ++times) {
+      player.Play("respond " + std::to_string(id));
+    }
   }
   responser->SetAvatarCallback(
       [&, kept = std::string(100, '3')](const std::string&, const std::string&) {
@@ -58,7 +60,9 @@ TEST(Resources, AnAnswerIsKeptUntilTheHostDropsItOrTheNextOne) {
   auto& pool = *__ResourceCollectionPool__::GetInstance();
   int answering = 0;
   for (const streams::Message& command : streams::Messages()) {
-    if (command.route != 'S') continue;
+    if (command.route != 'S') {
+      continue;
+    }
     ++answering;
     SCOPED_TRACE(command.name);
     const auto leave = [&] {

@@ -37,7 +37,9 @@ using VELLOMAR_LORIMEL::kKeyCount;
 std::uint64_t read = 0;
 
 void ReadText(const char* text) {
-  if (text != nullptr) read += std::strlen(text);
+  if (text != nullptr) {
+    read += std::strlen(text);
+  }
 }
 void Read(const BtnParams& params) {
   for (const char* text :
@@ -74,7 +76,9 @@ class Steps {
     for (auto& [function, id, payload] : steps_) {
       posted = nullptr;
       function(static_cast<std::uint32_t>(id), 0, payload.data());
-      if (posted != nullptr) RunPosted();
+      if (posted != nullptr) {
+        RunPosted();
+      }
     }
   }
 
@@ -143,7 +147,9 @@ void ClickEverywhere() {
   for (std::int32_t i = 0; i <= kKeyCount; ++i) {  // and the one behind the last
     BtnParams event{};
     event.key = EventKey{VELLOMAR_LORIMEL::kFirstKey + i};
-    if (event.key == EventKey::ControlbarSwitch) continue;  // turns a flag with every click
+    if (event.key == EventKey::ControlbarSwitch) {
+      continue;  // turns a flag with every click
+    }
     event.objectName = event.text = kText;
     const bool of_a_person =
         event.key == EventKey::ParticipantRow || event.key == EventKey::RemoteControl;
@@ -155,8 +161,12 @@ void ClickEverywhere() {
 void WholeRun() {
   SendMeeting();
   OpenLists([](std::span<BtnParams> rows) {
-    for (const BtnParams& row : rows) Read(row);
-    if (rows.size() > 1) bench::Callbacks().on_event(rows[1]);  // the plug-in's own row comes back
+    for (const BtnParams& row : rows) {
+      Read(row);
+    }
+    if (rows.size() > 1) {
+      bench::Callbacks().on_event(rows[1]);  // the plug-in's own row comes back
+    }
   });
   ClickEverywhere();
   SendEnd();
@@ -208,8 +218,12 @@ TEST_P(OutOfMemoryTest, ThePlugInWorksAfterwards) {
     until_refusal = point;
     WholeRun();
     until_refusal = 0;
-    for (int i = 0; i < kKeyCount; ++i) Read(bench::Callbacks().records[i]);
-    if (!refused) break;
+    for (int i = 0; i < kKeyCount; ++i) {
+      Read(bench::Callbacks().records[i]);
+    }
+    if (!refused) {
+      break;
+    }
     ASSERT_GE(escapes, 1) << "point " << point << ": an exception that nobody logged";
     if (!GetParam()) {
       ASSERT_EQ(escapes, 1) << "point " << point << ", " << last_escape.data();
@@ -234,7 +248,9 @@ TEST_F(OutOfMemoryTest, ACommandWithoutMemoryIsNotHandled) {
     until_refusal = point;
     const bool handled = ExportedCallEvent(VELLOMAR_COMMAND_setWindowTitle, 0, &title);
     until_refusal = 0;
-    if (handled) break;
+    if (handled) {
+      break;
+    }
     EXPECT_STREQ(last_escape.data(), "[Controlbar] ExportedCallEvent failed: std::bad_alloc");
     EXPECT_EQ(escapes, 1);
     EXPECT_EQ(posted, nullptr)

@@ -68,7 +68,9 @@ std::vector<Fields> UsualRecords(const std::map<std::string, std::string>& texts
   for (std::string line; std::getline(lines, line);) {
     std::string text, status, tip, expand;
     std::size_t key = 0;
-    if (!(std::istringstream(line) >> key >> text >> status >> tip >> expand)) continue;
+    if (!(std::istringstream(line) >> key >> text >> status >> tip >> expand)) {
+      continue;
+    }
     Fields& fields = records.at(key - 1000);
     fields = {expand, "null", text_of(text, "null"), "0", "\"\"", status, text_of(tip, "\"\"")};
     fields[7] = key == 1070 ? texts.at("10089") : "null";
@@ -85,7 +87,9 @@ Player* Player::current_ = nullptr;
 Player::Player() {
   current_ = this;
   DestroyAll();
-  for (auto steps : {ExportSteps(), SettingSteps(), LibrarySteps()}) steps_.merge(steps);
+  for (auto steps : {ExportSteps(), SettingSteps(), LibrarySteps()}) {
+    steps_.merge(steps);
+  }
   recording_log::Observe([this](const recording_log::Line& line) { stream_.Log(line); });
   host_.on_call = [this](const std::string& call) { stream_.Add("loop " + call); };
   TheLibrary().report = [this](const std::string& line) { stream_.Add(line); };
@@ -108,13 +112,19 @@ Lines Player::Play(const std::string& step) {
   rows_.clear();
   inner_ = 0;
   Do(step);
-  if (!runs_later_) host_.RunAll();
+  if (!runs_later_) {
+    host_.RunAll();
+  }
   Lines lines = stream_.Take();
   for (std::string& line : lines) {
     const std::size_t at = rows_.empty() ? line.npos : line.find(rows_);
-    if (at != line.npos) line.replace(at, rows_.size(), "<rows>");
+    if (at != line.npos) {
+      line.replace(at, rows_.size(), "<rows>");
+    }
   }
-  if (!shows_calls_) lines = WithoutUsual(std::move(lines));
+  if (!shows_calls_) {
+    lines = WithoutUsual(std::move(lines));
+  }
   ReadWhatTheLibraryHolds();
   lines.insert(lines.end(), tail_.begin(), tail_.end());
   return lines;
@@ -123,24 +133,36 @@ Lines Player::Play(const std::string& step) {
 // Only where everything that follows stands where it should.
 Lines Player::WithoutUsual(Lines lines) const {
   const auto rest = std::mismatch(usual_.begin(), usual_.end(), lines.begin(), lines.end());
-  if (rest.first != usual_.end()) return lines;
+  if (rest.first != usual_.end()) {
+    return lines;
+  }
   const bool stands = inner_ == 0 ? rest.second == lines.end() || Depth(*rest.second) == 0
                                   : std::all_of(rest.second, lines.end(), [this](const auto& line) {
                                       return Depth(line) >= inner_;
                                     });
-  if (!stands) return lines;
+  if (!stands) {
+    return lines;
+  }
   lines.erase(lines.begin(), rest.second);
-  for (std::string& line : lines) line.erase(0, 2 * inner_);
+  for (std::string& line : lines) {
+    line.erase(0, 2 * inner_);
+  }
   return lines;
 }
 
 void Player::Do(const std::string& step) {
   const auto [verb, rest] = Split(step);
-  if (const Message* const command = FindMessage("command", verb)) return Send(*command, rest);
-  if (const auto one = steps_.find(verb); one != steps_.end()) return one->second(rest);
+  if (const Message* const command = FindMessage("command", verb)) {
+    return Send(*command, rest);
+  }
+  if (const auto one = steps_.find(verb); one != steps_.end()) {
+    return one->second(rest);
+  }
   const auto [object, arguments] = Split(rest);
   const auto two = steps_.find(verb + " " + object);
-  if (two == steps_.end()) throw std::runtime_error("no such step: " + step);
+  if (two == steps_.end()) {
+    throw std::runtime_error("no such step: " + step);
+  }
   two->second(arguments);
 }
 
@@ -205,10 +227,18 @@ std::map<std::string, Player::Step> Player::LibrarySteps() {
 void Player::Init() {
   EventLoopTable table = host_.Table();
   const auto has = [this](const char* what) { return without_.count(what) == 0; };
-  if (!has("post")) table.postFn = nullptr;
-  if (!has("runSync")) table.runSyncFn = nullptr;
-  if (!has("addObserver")) table.addObserverFn = nullptr;
-  if (!has("removeObserver")) table.removeObserverFn = nullptr;
+  if (!has("post")) {
+    table.postFn = nullptr;
+  }
+  if (!has("runSync")) {
+    table.runSyncFn = nullptr;
+  }
+  if (!has("addObserver")) {
+    table.addObserverFn = nullptr;
+  }
+  if (!has("removeObserver")) {
+    table.removeObserverFn = nullptr;
+  }
   ExportedInit(has("request") ? &OnRequest : nullptr, has("notify") ? &OnNotify : nullptr, nullptr,
                has("loop") ? &table : nullptr, "first", "second", 5);
 }
@@ -228,8 +258,12 @@ void Player::Raise(Export* function, const std::string& rest) {
 
 void Player::SendTexts(const std::string& rest) {
   std::map<std::string, std::string> texts;
-  for (int id = 10001; id <= 10096; ++id) texts[std::to_string(id)] = fmt::format("t{}", id);
-  for (const auto& [id, text] : ParseArguments(rest)) texts[id] = ParseWord(text).text;
+  for (int id = 10001; id <= 10096; ++id) {
+    texts[std::to_string(id)] = fmt::format("t{}", id);
+  }
+  for (const auto& [id, text] : ParseArguments(rest)) {
+    texts[id] = ParseWord(text).text;
+  }
   std::string ids, values;
   for (const auto& [id, text] : texts) {
     ids += (ids.empty() ? "[" : ",") + id;
@@ -241,8 +275,12 @@ void Player::SendTexts(const std::string& rest) {
 
 void Player::Send(const Message& command, const std::string& rest) {
   usual_ = {"in ExportedCallEvent", "  in " + command.name};
-  if (command.route == 'P') usual_.push_back(fmt::format("    loop post {}", host_.next_id));
-  if (command.route == 'S') usual_.emplace_back("    loop runSync");
+  if (command.route == 'P') {
+    usual_.push_back(fmt::format("    loop post {}", host_.next_id));
+  }
+  if (command.route == 'S') {
+    usual_.emplace_back("    loop runSync");
+  }
   inner_ = command.route == 'S' || (command.route == 'P' && host_.run_at_once) ? 2 : 0;
   // The host's memory is gone when the command runs later.
   const bool is_null = rest == "null";
@@ -252,13 +290,17 @@ void Player::Send(const Message& command, const std::string& rest) {
     tail_.emplace_back("= false");
   }
   const std::string answer = PrintFields(command, payload.data(), true);
-  if (!answer.empty()) tail_.push_back("answer" + answer);
+  if (!answer.empty()) {
+    tail_.push_back("answer" + answer);
+  }
 }
 
 void Player::Click(const std::string& rest) {
   const auto [key, fields] = Split(rest);
   std::map<std::string, Word> words;
-  for (const auto& [name, value] : ParseArguments(fields)) words[name] = ParseWord(value);
+  for (const auto& [name, value] : ParseArguments(fields)) {
+    words[name] = ParseWord(value);
+  }
   const auto text = [&words](const char* name) {
     const auto word = words.find(name);
     return word != words.end() && !word->second.is_null ? word->second.text.c_str() : nullptr;
@@ -275,7 +317,9 @@ void Player::Click(const std::string& rest) {
   event.groupValue = number("group");
   spoil_ = [&] {
     event = {};
-    for (auto& [name, word] : words) word.text.assign(word.text.size(), '#');
+    for (auto& [name, word] : words) {
+      word.text.assign(word.text.size(), '#');
+    }
   };
   Fire(event);
 }
@@ -319,35 +363,48 @@ void Player::Ask(const std::string& rest) {
   }
   TheLibrary().rows[key] = {rows, static_cast<std::size_t>(count)};
   answered_[key] = RowLines(TheLibrary().rows[key]);
-  if (shown == "changes" && answered_[key].size() < before.size())
+  if (shown == "changes" && answered_[key].size() < before.size()) {
     tail_.push_back(fmt::format("rows {}", answered_[key].size()));
+  }
   for (std::size_t i = 0; i < answered_[key].size(); ++i) {
     const std::string& line = answered_[key][i];
     const bool same = i < before.size() && before[i] == line;
-    if (!same || shown != "changes") tail_.push_back(line);
+    if (!same || shown != "changes") {
+      tail_.push_back(line);
+    }
   }
 }
 
 // All of it is still there, and the rows are as they were.
 void Player::ReadWhatTheLibraryHolds() {
-  for (const BtnParams& record : TheLibrary().records) FieldsOf(record);
+  for (const BtnParams& record : TheLibrary().records) {
+    FieldsOf(record);
+  }
   for (const auto& [window, rows] : TheLibrary().rows) {
-    if (RowLines(rows) != answered_[window]) tail_.push_back(fmt::format("{} differs", window));
+    if (RowLines(rows) != answered_[window]) {
+      tail_.push_back(fmt::format("{} differs", window));
+    }
   }
 }
 
 void Player::Hear(const char* sender, std::uint64_t id, const std::string& line) {
   const std::string name = sender != nullptr ? sender : "null";
   stream_.Add(name == "VELLOMAR_CONTROLBAR_uuid" ? line : line + " from " + name);
-  if (const auto spoil = std::exchange(spoil_, nullptr)) spoil();
+  if (const auto spoil = std::exchange(spoil_, nullptr)) {
+    spoil();
+  }
   const auto reaction = reactions_.extract(id);
-  if (!reaction) return;
+  if (!reaction) {
+    return;
+  }
   const auto outer = std::tuple(std::exchange(tail_, {}), usual_, inner_);
   std::istringstream steps(reaction.mapped());
   for (std::string step; std::getline(steps >> std::ws, step, ';');) {
     stream_.Add("host " + step);
     Do(step);
-    for (const std::string& answer : std::exchange(tail_, {})) stream_.Add(answer);
+    for (const std::string& answer : std::exchange(tail_, {})) {
+      stream_.Add(answer);
+    }
   }
   std::tie(tail_, usual_, inner_) = outer;
 }

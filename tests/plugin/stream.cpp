@@ -15,7 +15,9 @@ std::string ShortName(const std::string& scope) {
   for (const auto& [start, brief] : {std::pair<std::string, std::string>(
                                          "VELLOMAR_CONTROLBAR::ControlbarManager::", "Manager::"),
                                      {"VELLOMAR_CONTROLBAR::ControlBarDataManager::", "Data::"}}) {
-    if (scope.starts_with(start)) return brief + scope.substr(start.size());
+    if (scope.starts_with(start)) {
+      return brief + scope.substr(start.size());
+    }
   }
   return scope;
 }
@@ -49,8 +51,12 @@ Lines WithRunsInOneLine(const Lines& lines) {
     const auto follows = [&](std::size_t n) {
       return i + n < lines.size() && UnchangedKey(lines[i + n]) == key + static_cast<int>(n);
     };
-    for (count = 1; key >= 0 && follows(count);) ++count;
-    if (count < kMany) count = 1;
+    for (count = 1; key >= 0 && follows(count);) {
+      ++count;
+    }
+    if (count < kMany) {
+      count = 1;
+    }
     const std::string end =
         count > 1 ? ".." + std::to_string(key + static_cast<int>(count) - 1) : "";
     short_lines.push_back(lines[i] + end);
@@ -98,12 +104,16 @@ bool Stream::OpenOrClose(const std::string& text) {
   if (text.starts_with(kEntry)) {
     const std::string name = ShortName(text.substr(kEntry.size()));
     const bool shown = shows_data_scopes || !name.starts_with("Data::");
-    if (shown) Add("in " + name);
+    if (shown) {
+      Add("in " + name);
+    }
     scopes_.push_back({name, shown});
     return true;
   }
   const std::size_t cost = text.rfind(kCost);
-  if (!text.starts_with(kExit) || cost == text.npos || scopes_.empty()) return false;
+  if (!text.starts_with(kExit) || cost == text.npos || scopes_.empty()) {
+    return false;
+  }
   const std::string name = ShortName(text.substr(kExit.size(), cost - kExit.size()));
   const std::string number = text.substr(cost + kCost.size());
   if (scopes_.back().name != name || number.empty() ||
@@ -115,9 +125,13 @@ bool Stream::OpenOrClose(const std::string& text) {
 }
 
 void Stream::Log(const recording_log::Line& line) {
-  if (line.level == 0) return Add("opens log " + line.text);
+  if (line.level == 0) {
+    return Add("opens log " + line.text);
+  }
   const bool ours = line.module == "vellomar_controlbar";
-  if (ours && line.level == 3 && OpenOrClose(line.text)) return;
+  if (ours && line.level == 3 && OpenOrClose(line.text)) {
+    return;
+  }
   const std::string text = Masked(line.text);
   const bool plain = !text.empty() && text.front() != ' ' && text.back() != ' ';
   Add(LevelName(line.level) + (ours ? " " : "[" + line.module + "] ") +
@@ -125,7 +139,9 @@ void Stream::Log(const recording_log::Line& line) {
 }
 
 Lines Stream::Take() {
-  for (const Scope& scope : std::exchange(scopes_, {})) lines_.push_back("open " + scope.name);
+  for (const Scope& scope : std::exchange(scopes_, {})) {
+    lines_.push_back("open " + scope.name);
+  }
   return WithUpdatesInOneLine(WithRunsInOneLine(std::exchange(lines_, {})));
 }
 

@@ -24,9 +24,13 @@ void PlayGiven(Player& player, const std::string& name) {
   const auto blocks = ReadBlocks("given.txt");
   const auto block = std::find_if(blocks.begin(), blocks.end(),
                                   [&name](const Block& given) { return given.name == name; });
-  if (block == blocks.end()) throw std::runtime_error("nothing given by the name of " + name);
+  if (block == blocks.end()) {
+    throw std::runtime_error("nothing given by the name of " + name);
+  }
   for (const std::string& line : block->lines) {
-    if (line.starts_with(kStep)) player.Play(line.substr(kStep.size()));
+    if (line.starts_with(kStep)) {
+      player.Play(line.substr(kStep.size()));
+    }
   }
 }
 
@@ -54,13 +58,21 @@ Lines PlayBlock(const Block& block) {
   for (const std::string& line : block.lines) {
     if (line.starts_with(kGiven)) {
       std::istringstream names(line.substr(kGiven.size()));
-      for (std::string name; names >> name;) PlayGiven(player, name);
+      for (std::string name; names >> name;) {
+        PlayGiven(player, name);
+      }
       ready = true;
     }
-    if (IsCaused(line)) continue;
+    if (IsCaused(line)) {
+      continue;
+    }
     actual.push_back(line);
-    if (!line.starts_with(kStep)) continue;
-    if (!ready) PlayGiven(player, "init");
+    if (!line.starts_with(kStep)) {
+      continue;
+    }
+    if (!ready) {
+      PlayGiven(player, "init");
+    }
     ready = true;
     const Lines caused = player.Play(line.substr(kStep.size()));
     actual.insert(actual.end(), caused.begin(), caused.end());

@@ -19,7 +19,9 @@ namespace {
 // Of two texts a difference is printed line by line.
 std::string Text(const std::vector<std::string>& lines) {
   std::string text;
-  for (const std::string& line : lines) text += line + '\n';
+  for (const std::string& line : lines) {
+    text += line + '\n';
+  }
   return text;
 }
 
@@ -44,7 +46,9 @@ class StreamTest : public testing::Test {
 // A test's name has letters and digits only.
 std::string TestName(std::string heading) {
   for (char& letter : heading) {
-    if (std::isalnum(static_cast<unsigned char>(letter)) == 0) letter = '_';
+    if (std::isalnum(static_cast<unsigned char>(letter)) == 0) {
+      letter = '_';
+    }
   }
   return heading;
 }
@@ -65,7 +69,9 @@ int main(int argc, char** argv) {
   for (const auto& entry :
        std::filesystem::directory_iterator(std::string(VELLOMAR_STREAMS) + "/streams")) {
     const auto& path = entry.path();
-    if (path.extension() == ".txt" && path.filename() != "given.txt") Register(path);
+    if (path.extension() == ".txt" && path.filename() != "given.txt") {
+      Register(path);
+    }
   }
   return RUN_ALL_TESTS();
 }

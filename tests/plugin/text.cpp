@@ -9,7 +9,9 @@ std::string Quoted(std::string_view text) {
   }
   std::string quoted = "\"";
   for (const char letter : text) {
-    if (letter == '"' || letter == '\\') quoted += '\\';
+    if (letter == '"' || letter == '\\') {
+      quoted += '\\';
+    }
     quoted += letter;
   }
   return quoted + '"';
@@ -30,7 +32,9 @@ Fields FieldsOf(const VELLOMAR_LORIMEL::BtnParams& r) {
 std::string Changes(const Fields& before, const Fields& now) {
   std::string line;
   for (std::size_t i = 0; i < now.size(); ++i) {
-    if (now[i] != before[i]) line += std::string(" ") + kFieldNames[i] + "=" + now[i];
+    if (now[i] != before[i]) {
+      line += std::string(" ") + kFieldNames[i] + "=" + now[i];
+    }
   }
   return line;
 }

@@ -37,7 +37,9 @@ bool Call(const std::string& member, const Arguments&... arguments) {
 std::string Handle(const void* handle) {
   const std::deque<char>& handles = TheLibrary().handles;
   for (std::size_t i = 0; i < handles.size(); ++i) {
-    if (&handles[i] == handle) return fmt::format("bar{}", i + 1);
+    if (&handles[i] == handle) {
+      return fmt::format("bar{}", i + 1);
+    }
   }
   return handle == nullptr ? "null" : "unknown";
 }
@@ -95,13 +97,17 @@ bool Lorimel::CreateControlbar(const char* title, std::int64_t x, std::int64_t y
            Given(reinterpret_cast<void*>(onCreated)), Given(reinterpret_cast<void*>(onClosed)),
            unused, paramsCount, type, simplify);
   streams::TakeRecords(params, paramsCount);
-  if (!accepted) return false;
+  if (!accepted) {
+    return false;
+  }
   library.records = {params, static_cast<std::size_t>(paramsCount)};
   library.on_created = onCreated;
   library.on_closed = onClosed;
   library.bar = &library.handles.emplace_back();
   library.open = true;
-  if (!library.created_later) library.ReportCreated();
+  if (!library.created_later) {
+    library.ReportCreated();
+  }
   return true;
 }
 
@@ -111,8 +117,12 @@ bool Lorimel::ShowControlbar(void*& handle, bool show) {
 
 bool Lorimel::CloseSharedControlbar() {
   WidgetLibrary& library = TheLibrary();
-  if (!Call("CloseSharedControlbar") || !std::exchange(library.open, false)) return false;
-  if (!library.closed_later) library.ReportClosed();
+  if (!Call("CloseSharedControlbar") || !std::exchange(library.open, false)) {
+    return false;
+  }
+  if (!library.closed_later) {
+    library.ReportClosed();
+  }
   return true;
 }
 
@@ -137,8 +147,9 @@ bool Lorimel::SetEventKey(BtnParams& params) {
 
 bool Lorimel::GetPositionByEventKey(EventKey key, int& x, int& y, int& width, int& height) {
   const auto place = TheLibrary().places.find(Number(key));
-  if (!Call("GetPositionByEventKey", Number(key)) || place == TheLibrary().places.end())
+  if (!Call("GetPositionByEventKey", Number(key)) || place == TheLibrary().places.end()) {
     return false;
+  }
   x = place->second.x;
   y = place->second.y;
   width = place->second.width;

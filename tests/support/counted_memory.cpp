@@ -14,9 +14,13 @@ namespace counted_memory {
 namespace {
 
 bool Refuses() {
-  if (until_refusal == 0 || --until_refusal != 0) return false;
+  if (until_refusal == 0 || --until_refusal != 0) {
+    return false;
+  }
   refused = true;
-  if (refuse_all_from_then) until_refusal = 1;
+  if (refuse_all_from_then) {
+    until_refusal = 1;
+  }
   return true;
 }
 
@@ -43,7 +47,9 @@ void Init() {
 void* operator new(std::size_t size) {
   ++counted_memory::requests;
   void* const block = counted_memory::Refuses() ? nullptr : std::malloc(size);
-  if (block == nullptr) throw std::bad_alloc();
+  if (block == nullptr) {
+    throw std::bad_alloc();
+  }
   counted_memory::bytes_in_use += malloc_usable_size(block);
   return block;
 }
@@ -56,7 +62,9 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   }
 }
 void operator delete(void* block) noexcept {
-  if (block != nullptr) counted_memory::bytes_in_use -= malloc_usable_size(block);
+  if (block != nullptr) {
+    counted_memory::bytes_in_use -= malloc_usable_size(block);
+  }
   std::free(block);
 }
 void operator delete(void* block, std::size_t) noexcept {
@@ -68,7 +76,9 @@ int CreateVellomarLogger(std::uint32_t, const char*, const char*, const char*, i
 }
 void VellomarLogWrite(const char*, int level, const char* text) {
   using namespace counted_memory;
-  if (level != 4 || std::strstr(text, " failed: std::bad_alloc") == nullptr) return;
+  if (level != 4 || std::strstr(text, " failed: std::bad_alloc") == nullptr) {
+    return;
+  }
   ++escapes;
   std::snprintf(last_escape.data(), last_escape.size(), "%s", text);
 }

@@ -90,7 +90,9 @@ std::map<EventKey, QRect> QtSession::ShownButtons() {
   std::map<EventKey, QRect> shown;
   for (int i = 0; i < VELLOMAR_LORIMEL::kKeyCount; ++i) {
     const EventKey key{VELLOMAR_LORIMEL::kFirstKey + i};
-    if (const std::optional<QRect> place = Place(key)) shown[key] = *place;
+    if (const std::optional<QRect> place = Place(key)) {
+      shown[key] = *place;
+    }
   }
   return shown;
 }
@@ -129,7 +131,9 @@ void QtSession::Key(Qt::Key key) {
 
 void QtSession::TabTo(const QString& name) {
   constexpr int kMost = 60;
-  for (int i = 0; i < kMost && FocusName() != name; ++i) Key(Qt::Key_Tab);
+  for (int i = 0; i < kMost && FocusName() != name; ++i) {
+    Key(Qt::Key_Tab);
+  }
   ASSERT_EQ(FocusName(), name);
 }
 
@@ -146,8 +150,12 @@ QWidget* QtSession::Window(const QString& name) {
 QWidget* QtSession::Named(const QString& name) {
   QWidget* found = nullptr;
   for (QWidget* widget : QApplication::allWidgets()) {
-    if (!widget->isVisible() || widget->isWindow() || widget->accessibleName() != name) continue;
-    if (found == nullptr || widget->window() == BarWidget()) found = widget;
+    if (!widget->isVisible() || widget->isWindow() || widget->accessibleName() != name) {
+      continue;
+    }
+    if (found == nullptr || widget->window() == BarWidget()) {
+      found = widget;
+    }
   }
   return found;
 }
@@ -199,7 +207,9 @@ std::vector<std::string> QtSession::Told() const {
 QtSession::json QtSession::LastPayload(const std::string& name) const {
   const auto& all = session.notifications();
   for (auto received = all.rbegin(); received != all.rend(); ++received) {
-    if (received->notification->name == name) return received->payload;
+    if (received->notification->name == name) {
+      return received->payload;
+    }
   }
   ADD_FAILURE() << name;
   return {};

@@ -37,7 +37,9 @@ void Clear() {
 std::vector<std::string> Texts(int level) {
   std::vector<std::string> texts;
   for (const Line& line : recording.lines) {
-    if (line.level == level) texts.push_back(line.text);
+    if (line.level == level) {
+      texts.push_back(line.text);
+    }
   }
   return texts;
 }
@@ -56,13 +58,17 @@ int CreateVellomarLogger(std::uint32_t kind, const char* first, const char* seco
   text << kind << ' ' << (first != nullptr ? first : "null") << ' '
        << (second != nullptr ? second : "null") << ' ' << OrEmpty(module) << ' ' << reserved << ' '
        << files << ' ' << flush;
-  if (recording.on_line) recording.on_line({"", 0, text.str()});
+  if (recording.on_line) {
+    recording.on_line({"", 0, text.str()});
+  }
   return 1;
 }
 
 void VellomarLogWrite(const char* module, int level, const char* text) {
   using namespace recording_log;
   const Line line = {OrEmpty(module), level, OrEmpty(text)};
-  if (recording.on_line) recording.on_line(line);
+  if (recording.on_line) {
+    recording.on_line(line);
+  }
   recording.lines.push_back(line);
 }

@@ -5,13 +5,17 @@ ScriptHost* ScriptHost::current_ = nullptr;
 
 void ScriptHost::Note(const char* slot, std::uint64_t id) {
   calls.push_back(std::string(slot) + " " + std::to_string(id));
-  if (on_call) on_call(calls.back());
+  if (on_call) {
+    on_call(calls.back());
+  }
   DoInside(slot);
 }
 
 void ScriptHost::DoInside(const char* slot) {
   const auto found = inside.find(slot);
-  if (found == inside.end()) return;
+  if (found == inside.end()) {
+    return;
+  }
   const auto action = std::move(found->second);
   inside.erase(found);
   action();
@@ -51,7 +55,9 @@ EventLoopTable ScriptHost::Table() const {
   };
   table.cancelDelayedFn = [](std::uint64_t id) { current_->Note("cancelDelayed", id); };
   table.runSyncFn = [](LoopCallback* callback, void* context) {
-    if (current_->on_call) current_->on_call("runSync");
+    if (current_->on_call) {
+      current_->on_call("runSync");
+    }
     callback(context);
   };
   table.postFn = [](LoopCallback* callback, void* context) {
@@ -84,6 +90,8 @@ void ScriptHost::Run(std::uint64_t id) {
 
 int ScriptHost::RunAll() {
   int ran = 0;
-  for (; !pending.empty(); ++ran) Run(pending.begin()->first);
+  for (; !pending.empty(); ++ran) {
+    Run(pending.begin()->first);
+  }
   return ran;
 }

@@ -6,7 +6,9 @@
 
 bool IsLoaded(const std::filesystem::path& file) {
   void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD);
-  if (library == nullptr) return false;
+  if (library == nullptr) {
+    return false;
+  }
   dlclose(library);  // the question counted as a user
   return true;
 }

@@ -31,8 +31,12 @@ ButtonModel::Row ButtonModel::Describe(std::int32_t key, const LorimelButton* bu
   Row row;
   const std::string name = vellomar_host::KeyName(key);
   row.cells[kKey] = QString::number(key);
-  if (name != std::to_string(key)) row.cells[kName] = QString::fromStdString(name);
-  if (button == nullptr) return row;
+  if (name != std::to_string(key)) {
+    row.cells[kName] = QString::fromStdString(name);
+  }
+  if (button == nullptr) {
+    return row;
+  }
   row.known = true;
   row.status = button->status;
   row.cells[kText] = QString::fromUtf8(button->text);
@@ -55,11 +59,15 @@ void ButtonModel::Update(const Lookup& lookup) {
     LorimelButton button{};
     const bool known = lookup(kFirstKey + i, &button);
     Row now = Describe(kFirstKey + i, known ? &button : nullptr);
-    if (now.known == row.known && now.cells == row.cells) continue;
+    if (now.known == row.known && now.cells == row.cells) {
+      continue;
+    }
     if (row.known && now.known) {
       now.marked = row.marked;
       for (std::size_t column = 0; column < kColumns; ++column) {
-        if (now.cells[column] != row.cells[column]) now.marked.set(column);
+        if (now.cells[column] != row.cells[column]) {
+          now.marked.set(column);
+        }
       }
     }
     row = std::move(now);
@@ -70,7 +78,9 @@ void ButtonModel::Update(const Lookup& lookup) {
 void ButtonModel::ClearMarks() {
   for (int i = 0; i < kKeyCount; ++i) {
     Row& row = rows_[static_cast<std::size_t>(i)];
-    if (row.marked.none()) continue;
+    if (row.marked.none()) {
+      continue;
+    }
     row.marked.reset();
     emit dataChanged(index(i, 0), index(i, kColumns - 1));
   }
@@ -78,7 +88,9 @@ void ButtonModel::ClearMarks() {
 
 bool ButtonModel::HasMarks() const {
   for (const Row& row : rows_) {
-    if (row.marked.any()) return true;
+    if (row.marked.any()) {
+      return true;
+    }
   }
   return false;
 }
@@ -92,22 +104,36 @@ int ButtonModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ButtonModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return {};
+  }
   const Row& row = rows_[static_cast<std::size_t>(index.row())];
   const auto column = static_cast<std::size_t>(index.column());
-  if (role == Qt::DisplayRole) return row.cells[column];
-  if (role == Qt::ToolTipRole && row.cells[column].size() > 12) return row.cells[column];
-  if (role == Qt::BackgroundRole && row.marked.test(column)) return kMarkColor;
+  if (role == Qt::DisplayRole) {
+    return row.cells[column];
+  }
+  if (role == Qt::ToolTipRole && row.cells[column].size() > 12) {
+    return row.cells[column];
+  }
+  if (role == Qt::BackgroundRole && row.marked.test(column)) {
+    return kMarkColor;
+  }
   if (role == Qt::ForegroundRole) {
-    if (row.marked.test(column)) return QColor(Qt::black);
+    if (row.marked.test(column)) {
+      return QColor(Qt::black);
+    }
     const bool faint = !row.known || (row.status & VELLOMAR_LORIMEL::kStatusHidden) != 0;
-    if (faint) return QColor(128, 128, 128);
+    if (faint) {
+      return QColor(128, 128, 128);
+    }
   }
   return {};
 }
 
 QVariant ButtonModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) {
+    return {};
+  }
   return QString(kTitles[static_cast<std::size_t>(section)]);
 }
 
@@ -117,10 +143,14 @@ void ButtonFilter::SetText(const QString& text) {
 }
 
 bool ButtonFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
-  if (text_.isEmpty()) return true;
+  if (text_.isEmpty()) {
+    return true;
+  }
   for (const int column : {ButtonModel::kKey, ButtonModel::kName, ButtonModel::kText}) {
     const QString cell = sourceModel()->index(row, column, parent).data().toString();
-    if (cell.contains(text_, Qt::CaseInsensitive)) return true;
+    if (cell.contains(text_, Qt::CaseInsensitive)) {
+      return true;
+    }
   }
   return false;
 }

@@ -43,7 +43,9 @@ CommandForm::CommandForm(WatchedPlugin& watched, const vellomar_host::Command& c
   layout->setContentsMargins(4, 4, 4, 4);
   auto* fields = new QFormLayout;
   fields->setRowWrapPolicy(QFormLayout::WrapLongRows);
-  for (std::size_t i = 0; i < model_.fields().size(); ++i) AddField(*fields, i);
+  for (std::size_t i = 0; i < model_.fields().size(); ++i) {
+    AddField(*fields, i);
+  }
   layout->addLayout(fields);
   send_->setText("Send " + name);
   send_->setAutoDefault(false);
@@ -81,8 +83,12 @@ void CommandForm::AddField(QFormLayout& layout, std::size_t index) {
 
 QWidget* CommandForm::MakeEditor(std::size_t index, Editor& editor) {
   const Field& field = model_.fields()[index];
-  if (field.is_array || IsRecord(field)) return MakeTable(index, editor);
-  if (field.type == FieldType::kFlag) return MakeCheckBox(index, editor);
+  if (field.is_array || IsRecord(field)) {
+    return MakeTable(index, editor);
+  }
+  if (field.type == FieldType::kFlag) {
+    return MakeCheckBox(index, editor);
+  }
   return TakesKeys(field) ? MakeKeyChoice(index, editor) : MakeLine(index, editor);
 }
 
@@ -93,7 +99,9 @@ QWidget* CommandForm::MakeTable(std::size_t index, Editor& editor) {
   RecordTableModel& model = table->model();
   model.on_changed = [this, index, &model] { Changed(index, model.value()); };
   editor.show = [&model](const json& value) {
-    if (model.value() != value) model.SetValue(value);
+    if (model.value() != value) {
+      model.SetValue(value);
+    }
   };
   return table;
 }
@@ -102,7 +110,9 @@ QWidget* CommandForm::MakeCheckBox(std::size_t index, Editor& editor) {
   auto* box = new QCheckBox(this);
   connect(box, &QCheckBox::toggled, this, [this, index](bool on) { Changed(index, on); });
   editor.show = [box](const json& value) {
-    if (value.is_boolean()) box->setChecked(value.get<bool>());
+    if (value.is_boolean()) {
+      box->setChecked(value.get<bool>());
+    }
   };
   return box;
 }
@@ -112,7 +122,9 @@ QWidget* CommandForm::MakeKeyChoice(std::size_t index, Editor& editor) {
   choice->setEditable(true);
   choice->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   choice->setMinimumContentsLength(16);
-  for (const std::string& name : KeyNames()) choice->addItem(QString::fromStdString(name));
+  for (const std::string& name : KeyNames()) {
+    choice->addItem(QString::fromStdString(name));
+  }
   choice->completer()->setFilterMode(Qt::MatchContains);
   choice->completer()->setCompletionMode(QCompleter::PopupCompletion);
   connect(choice, &QComboBox::currentTextChanged, this, [this, index](const QString& text) {
@@ -130,7 +142,9 @@ QWidget* CommandForm::MakeLine(std::size_t index, Editor& editor) {
   });
   connect(line, &QLineEdit::returnPressed, this, [this] { Send(); });
   editor.show = [line](const json& value) {
-    if (line->text() != ToText(value)) line->setText(ToText(value));
+    if (line->text() != ToText(value)) {
+      line->setText(ToText(value));
+    }
   };
   return line;
 }
@@ -162,7 +176,9 @@ void CommandForm::ShowFaults() {
 }
 
 void CommandForm::Send() {
-  if (!model_.IsValid()) return;
+  if (!model_.IsValid()) {
+    return;
+  }
   result_->clear();
   if (const auto fault = watched_.Send(model_.command(), model_.Arguments())) {
     ShowResult(QString::fromStdString(*fault), true);

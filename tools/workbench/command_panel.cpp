@@ -50,7 +50,9 @@ void CommandPanel::FocusSearch() {
 
 void CommandPanel::Choose(const QString& command) {
   const auto found = list_->findItems(command, Qt::MatchExactly);
-  if (!found.isEmpty()) list_->setCurrentItem(found.first());
+  if (!found.isEmpty()) {
+    list_->setCurrentItem(found.first());
+  }
 }
 
 QString CommandPanel::chosen() const {
@@ -58,7 +60,9 @@ QString CommandPanel::chosen() const {
 }
 
 void CommandPanel::SendChosen() {
-  if (form_ != nullptr) form_->Send();
+  if (form_ != nullptr) {
+    form_->Send();
+  }
 }
 
 void CommandPanel::Filter(const QString& text) {
@@ -68,27 +72,37 @@ void CommandPanel::Filter(const QString& text) {
     const bool fits = item->text().contains(text, Qt::CaseInsensitive) ||
                       item->toolTip().contains(text, Qt::CaseInsensitive);
     item->setHidden(!fits);
-    if (fits && first == nullptr) first = item;
+    if (fits && first == nullptr) {
+      first = item;
+    }
   }
   const QListWidgetItem* current = list_->currentItem();
-  if (first != nullptr && (current == nullptr || current->isHidden())) list_->setCurrentItem(first);
+  if (first != nullptr && (current == nullptr || current->isHidden())) {
+    list_->setCurrentItem(first);
+  }
 }
 
 void CommandPanel::ShowForm(const QString& name) {
   const std::string wanted = name.toStdString();
   const auto* command = vellomar_host::FindCommand(std::string_view(wanted));
-  if (command == nullptr) return;
+  if (command == nullptr) {
+    return;
+  }
   form_ = new CommandForm(watched_, *command, area_);
   area_->setWidget(form_);  // deletes the one before
   const auto last = last_.find(wanted);
-  if (last != last_.end()) form_->Load(last->second);
+  if (last != last_.end()) {
+    form_->Load(last->second);
+  }
 }
 
 void CommandPanel::OnEntry(const vellomar_host::TranscriptEntry& entry) {
   const bool is_shown = form_ != nullptr && form_->command().name == entry.subject;
   if (entry.kind == "send") {
     last_[entry.subject] = entry.details;
-    if (is_shown) form_->Load(entry.details);
+    if (is_shown) {
+      form_->Load(entry.details);
+    }
   } else if (entry.kind == "answer" && is_shown) {
     form_->ShowResult("answer: " + ToText(entry.details), false);
   }

@@ -17,7 +17,9 @@ std::vector<path> JsonFiles(const path& folder) {
   std::vector<path> files;
   std::error_code error;
   for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-    if (entry.path().extension() == ".json") files.push_back(entry.path());
+    if (entry.path().extension() == ".json") {
+      files.push_back(entry.path());
+    }
   }
   std::sort(files.begin(), files.end());
   return files;
@@ -31,7 +33,9 @@ std::optional<path> FindScenarioFolder(const path& program_folder) {
     places.push_back(above / "scenarios");
   }
   for (const path& place : places) {
-    if (std::filesystem::is_directory(place / "presets")) return place.lexically_normal();
+    if (std::filesystem::is_directory(place / "presets")) {
+      return place.lexically_normal();
+    }
   }
   return std::nullopt;
 }
@@ -42,7 +46,9 @@ std::vector<Preset> ListPresets(const path& folder) {
     Preset preset = {file.stem().string(), file.stem().string(), "", file};
     try {
       const auto scenario = vellomar_host::LoadScenario(file);
-      if (!scenario.name.empty()) preset.title = scenario.name;
+      if (!scenario.name.empty()) {
+        preset.title = scenario.name;
+      }
       preset.description = scenario.description;
     } catch (const vellomar_host::HostError& error) {
       preset.description = error.what();
@@ -54,7 +60,9 @@ std::vector<Preset> ListPresets(const path& folder) {
 
 std::vector<std::string> ListLanguages(const path& folder) {
   std::vector<std::string> languages;
-  for (const path& file : JsonFiles(folder / "texts")) languages.push_back(file.stem().string());
+  for (const path& file : JsonFiles(folder / "texts")) {
+    languages.push_back(file.stem().string());
+  }
   return languages;
 }
 

@@ -10,7 +10,9 @@ using vellomar_host::Field;
 
 FormModel::FormModel(const vellomar_host::Command& command) : command_(command) {
   for (Field& field : vellomar_host::ParseLayout(command.fields).fields) {
-    if (field.is_out) continue;
+    if (field.is_out) {
+      continue;
+    }
     values_.push_back(DefaultValue(field));
     fields_.push_back(std::move(field));
   }
@@ -22,22 +24,30 @@ std::optional<std::string> FormModel::Fault(std::size_t index) const {
 
 bool FormModel::IsValid() const {
   for (std::size_t i = 0; i < fields_.size(); ++i) {
-    if (Fault(i)) return false;
+    if (Fault(i)) {
+      return false;
+    }
   }
   return true;
 }
 
 json FormModel::Arguments() const {
   json arguments = json::object();
-  for (std::size_t i = 0; i < fields_.size(); ++i) arguments[fields_[i].name] = values_[i];
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
+    arguments[fields_[i].name] = values_[i];
+  }
   return arguments;
 }
 
 void FormModel::Load(const json& arguments) {
-  if (!arguments.is_object()) return;
+  if (!arguments.is_object()) {
+    return;
+  }
   for (std::size_t i = 0; i < fields_.size(); ++i) {
     const auto value = arguments.find(fields_[i].name);
-    if (value != arguments.end()) values_[i] = *value;
+    if (value != arguments.end()) {
+      values_[i] = *value;
+    }
   }
 }
 

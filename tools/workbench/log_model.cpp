@@ -22,8 +22,12 @@ constexpr qsizetype kIndent = 3;  // spaces for a scope
 const QVariant kRight(Qt::AlignRight | Qt::AlignVCenter);
 
 QString LevelName(int level) {
-  if (level >= VELLOMAR_LOG_REFUSED) return "refused";
-  if (level == VELLOMAR_LOG_FAULT) return "fault";
+  if (level >= VELLOMAR_LOG_REFUSED) {
+    return "refused";
+  }
+  if (level == VELLOMAR_LOG_FAULT) {
+    return "fault";
+  }
   return level == VELLOMAR_LOG_INFO ? "info" : "debug";
 }
 
@@ -38,20 +42,30 @@ void LogModel::Append(std::span<const LogLine> lines) {
       ++next;
     }
   }
-  if (arriving_.empty()) return;
+  if (arriving_.empty()) {
+    return;
+  }
   const int first = rowCount();
   beginInsertRows({}, first, first + static_cast<int>(arriving_.size()) - 1);
-  for (Row& row : arriving_) rows_.push_back(std::move(row));
+  for (Row& row : arriving_) {
+    rows_.push_back(std::move(row));
+  }
   arriving_.clear();
   endInsertRows();
-  if (rows_.size() > kMostRows) RemoveOldest();
+  if (rows_.size() > kMostRows) {
+    RemoveOldest();
+  }
 }
 
 std::optional<LogModel::Row> LogModel::Take(const LogLine& line, Number number) {
-  if (!begin_) begin_ = line.when;
+  if (!begin_) {
+    begin_ = line.when;
+  }
   auto& open = open_[line.thread];
   const ScopeLine scope = vellomar_host::ParseScopeLine(line.text);
-  if (scope.kind == ScopeLine::kExit && Leave(open, scope)) return std::nullopt;
+  if (scope.kind == ScopeLine::kExit && Leave(open, scope)) {
+    return std::nullopt;
+  }
   const bool is_scope = scope.kind == ScopeLine::kEntry;
   Row row = {.seconds = std::chrono::duration<double>(line.when - *begin_).count(),
              .level = line.level,
@@ -60,7 +74,9 @@ std::optional<LogModel::Row> LogModel::Take(const LogLine& line, Number number) 
              .text = is_scope ? QString::fromUtf8(scope.name.data(),
                                                   static_cast<qsizetype>(scope.name.size()))
                               : QString::fromStdString(line.text)};
-  if (is_scope) open.push_back(number);
+  if (is_scope) {
+    open.push_back(number);
+  }
   return row;
 }
 
@@ -72,7 +88,9 @@ bool LogModel::Leave(std::vector<Number>& open, const ScopeLine& scope) {
     const Row* row = RowAt(number);
     return row != nullptr && row->text == name;
   });
-  if (found == open.rend()) return false;
+  if (found == open.rend()) {
+    return false;
+  }
   const Number number = *found;
   RowAt(number)->cost = scope.milliseconds;
   open.erase(std::prev(found.base()), open.end());
@@ -84,9 +102,13 @@ bool LogModel::Leave(std::vector<Number>& open, const ScopeLine& scope) {
 }
 
 LogModel::Row* LogModel::RowAt(Number number) {
-  if (number < removed_) return nullptr;
+  if (number < removed_) {
+    return nullptr;
+  }
   const Number at = number - removed_;
-  if (at < rows_.size()) return &rows_[at];
+  if (at < rows_.size()) {
+    return &rows_[at];
+  }
   return at - rows_.size() < arriving_.size() ? &arriving_[at - rows_.size()] : nullptr;
 }
 
@@ -116,16 +138,30 @@ int LogModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant LogModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-  const Row& row = rows_[static_cast<std::size_t>(index.row())];
-  if (role == kLevelRole) return row.level;
-  if (role == Qt::ToolTipRole && index.column() == kText) return row.text;
-  if (role == Qt::TextAlignmentRole && index.column() == kCost) return kRight;
-  if (role == Qt::ForegroundRole) {
-    if (row.level >= VELLOMAR_LOG_FAULT) return QColor(190, 30, 20);
-    if (row.is_scope) return QColor(20, 80, 150);
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return {};
   }
-  if (role != Qt::DisplayRole) return {};
+  const Row& row = rows_[static_cast<std::size_t>(index.row())];
+  if (role == kLevelRole) {
+    return row.level;
+  }
+  if (role == Qt::ToolTipRole && index.column() == kText) {
+    return row.text;
+  }
+  if (role == Qt::TextAlignmentRole && index.column() == kCost) {
+    return kRight;
+  }
+  if (role == Qt::ForegroundRole) {
+    if (row.level >= VELLOMAR_LOG_FAULT) {
+      return QColor(190, 30, 20);
+    }
+    if (row.is_scope) {
+      return QColor(20, 80, 150);
+    }
+  }
+  if (role != Qt::DisplayRole) {
+    return {};
+  }
   switch (index.column()) {
     case kTime:
       return QString::number(row.seconds, 'f', 3);
@@ -142,7 +178,9 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) {
+    return {};
+  }
   return QString(kTitles[static_cast<std::size_t>(section)]);
 }
 
@@ -158,7 +196,9 @@ void LogFilter::SetLowestLevel(int level) {
 
 bool LogFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
   const QModelIndex line = sourceModel()->index(row, LogModel::kText, parent);
-  if (line.data(LogModel::kLevelRole).toInt() < lowest_) return false;
+  if (line.data(LogModel::kLevelRole).toInt() < lowest_) {
+    return false;
+  }
   return text_.isEmpty() ||
          line.data(Qt::ToolTipRole).toString().contains(text_, Qt::CaseInsensitive);
 }

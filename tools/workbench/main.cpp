@@ -49,7 +49,9 @@ void Describe(CLI::App& app, Arguments& arguments) {
 }
 
 int Say(const Fault& fault, int status) {
-  if (!fault) return kOk;
+  if (!fault) {
+    return kOk;
+  }
   std::fprintf(stderr, "%s\n", fault->c_str());
   return status;
 }
@@ -62,27 +64,40 @@ int RunUnattended(WatchedPlugin& watched, MainWindow& window, const Arguments& a
     if (const Fault fault = window.StartMeeting(QString::fromStdString(arguments.preset))) {
       return Say(fault, kCannotRun);
     }
-    if (const Fault fault = WaitForEnd(window.run())) return Say(fault, kStepFailed);
+    if (const Fault fault = WaitForEnd(window.run())) {
+      return Say(fault, kStepFailed);
+    }
   }
   if (!arguments.play.empty()) {
-    if (const Fault fault = window.OpenScenario(arguments.play)) return Say(fault, kCannotRun);
+    if (const Fault fault = window.OpenScenario(arguments.play)) {
+      return Say(fault, kCannotRun);
+    }
     window.run().Play();
-    if (const Fault fault = WaitForEnd(window.run())) return Say(fault, kStepFailed);
+    if (const Fault fault = WaitForEnd(window.run())) {
+      return Say(fault, kStepFailed);
+    }
   }
   if (!arguments.save.empty()) {
-    if (const Fault fault = window.SaveRecording(arguments.save)) return Say(fault, kCannotRun);
+    if (const Fault fault = window.SaveRecording(arguments.save)) {
+      return Say(fault, kCannotRun);
+    }
   }
-  if (const Fault fault = TakePicture(watched, window, arguments.screenshot))
+  if (const Fault fault = TakePicture(watched, window, arguments.screenshot)) {
     return Say(fault, kCannotRun);
+  }
   std::printf("%s\n", std::filesystem::absolute(arguments.screenshot).c_str());
   return kOk;
 }
 
 int RunAttended(MainWindow& window, const Arguments& arguments) {
   // What fails now is shown in the window.
-  if (!arguments.preset.empty()) window.StartMeeting(QString::fromStdString(arguments.preset));
+  if (!arguments.preset.empty()) {
+    window.StartMeeting(QString::fromStdString(arguments.preset));
+  }
   if (!arguments.play.empty()) {
-    if (!window.OpenScenario(arguments.play)) window.run().Play();
+    if (!window.OpenScenario(arguments.play)) {
+      window.run().Play();
+    }
   }
   return QApplication::exec();
 }
@@ -90,7 +105,9 @@ int RunAttended(MainWindow& window, const Arguments& arguments) {
 // Nobody sees a window without a display: Qt then draws into memory.
 void ChoosePlatform() {
   const char* chosen = std::getenv("QT_QPA_PLATFORM");
-  if (chosen == nullptr && !vellomar_tools::HasDisplay()) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  if (chosen == nullptr && !vellomar_tools::HasDisplay()) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  }
 }
 
 int Run(const Arguments& arguments) {
@@ -105,7 +122,9 @@ int Run(const Arguments& arguments) {
   const Fault fault = window.LoadPlugin(arguments.plugin.empty()
                                             ? vellomar_tools::FindLibrary("vellomar-controlbar")
                                             : std::filesystem::path(arguments.plugin));
-  if (!unattended) return RunAttended(window, arguments);
+  if (!unattended) {
+    return RunAttended(window, arguments);
+  }
   return fault ? Say(fault, kCannotRun) : RunUnattended(watched, window, arguments);
 }
 

@@ -49,7 +49,9 @@ void MainWindow::AddMenus() {
   AddFileMenu();
   AddPlayMenu();
   QMenu* view = menuBar()->addMenu("&View");
-  for (const auto* dock : findChildren<QDockWidget*>()) view->addAction(dock->toggleViewAction());
+  for (const auto* dock : findChildren<QDockWidget*>()) {
+    view->addAction(dock->toggleViewAction());
+  }
   view->addSeparator();
   view->addAction("Clear notifications and log", this, [this] {
     watched_.notifications().Clear();
@@ -88,7 +90,9 @@ void MainWindow::AddPlayMenu() {
 Fault MainWindow::LoadPlugin(const std::filesystem::path& file) {
   Fault fault = watched_.Load(file);
   ShowFault(fault);
-  if (!fault) settings_.setValue("plugin", QString::fromStdString(file.string()));
+  if (!fault) {
+    settings_.setValue("plugin", QString::fromStdString(file.string()));
+  }
   return fault;
 }
 
@@ -101,12 +105,18 @@ Fault MainWindow::OpenScenario(const std::filesystem::path& file) {
 
 Fault MainWindow::StartMeeting(const QString& preset) {
   for (const Preset& known : presets_) {
-    if (known.name != preset.toStdString()) continue;
+    if (known.name != preset.toStdString()) {
+      continue;
+    }
     preset_->setCurrentIndex(preset_->findData(preset));
-    if (auto fault = OpenScenario(known.file)) return fault;
+    if (auto fault = OpenScenario(known.file)) {
+      return fault;
+    }
     Fault fault = run_.Begin();
     ShowFault(fault);
-    if (!fault) run_.Play();
+    if (!fault) {
+      run_.Play();
+    }
     return fault;
   }
   Fault fault = "there is no meeting \"" + preset.toStdString() + "\"";
@@ -127,7 +137,9 @@ void MainWindow::AskForPlugin() {
   const QString file = QFileDialog::getOpenFileName(
       this, "Load a plug-in", QFileInfo(QString::fromStdString(watched_.plugin().string())).path(),
       "Libraries (*.so *.dll);;All files (*)");
-  if (!file.isEmpty()) LoadPlugin(ToPath(file));
+  if (!file.isEmpty()) {
+    LoadPlugin(ToPath(file));
+  }
 }
 
 void MainWindow::AskForScenario() {
@@ -138,7 +150,9 @@ void MainWindow::AskForScenario() {
           .toString();
   const QString file =
       QFileDialog::getOpenFileName(this, "Open a scenario", last, "Scenarios (*.json)");
-  if (file.isEmpty()) return;
+  if (file.isEmpty()) {
+    return;
+  }
   settings_.setValue("folder", QFileInfo(file).path());
   OpenScenario(ToPath(file));
 }
@@ -147,16 +161,22 @@ void MainWindow::AskForSaving() {
   const QString file = QFileDialog::getSaveFileName(
       this, "Save what was done", settings_.value("folder").toString() + "/recording.json",
       "Scenarios (*.json)");
-  if (file.isEmpty()) return;
+  if (file.isEmpty()) {
+    return;
+  }
   settings_.setValue("folder", QFileInfo(file).path());
   SaveRecording(ToPath(file));
 }
 
 void MainWindow::ChooseLanguage(const QString& language) {
   const int index = language_->findText(language);
-  if (index < 0) return ShowFault("there are no texts in \"" + language.toStdString() + "\"");
+  if (index < 0) {
+    return ShowFault("there are no texts in \"" + language.toStdString() + "\"");
+  }
   language_->setCurrentIndex(index);
-  if (watched_.bar_exists()) SendLanguage();
+  if (watched_.bar_exists()) {
+    SendLanguage();
+  }
 }
 
 void MainWindow::SendLanguage() {
@@ -172,7 +192,9 @@ void MainWindow::SendLanguage() {
 // is there.
 void MainWindow::Adapt(SendStep& send) {
   if (send.command->id == VELLOMAR_COMMAND_setTextMap && send.written.contains("file")) {
-    if (plays_preset_) send.arguments = ReadTexts(*scenarios_, language().toStdString());
+    if (plays_preset_) {
+      send.arguments = ReadTexts(*scenarios_, language().toStdString());
+    }
     send.written = send.arguments;
   } else if (send.command->id == VELLOMAR_COMMAND_showSharedControlbar) {
     send.arguments["display"] = ScreenOf(*this);
@@ -193,7 +215,9 @@ void MainWindow::UpdateState() {
                                                             : "  -  there is no bar"));
   log_missing_->setVisible(loaded && !watched_.observes_log());
   scenario_->ShowRecording();
-  if (watched_.buttons().HasMarks() && !marks_.isActive()) marks_.start();
+  if (watched_.buttons().HasMarks() && !marks_.isActive()) {
+    marks_.start();
+  }
 }
 
 void MainWindow::RestoreLayout() {
@@ -205,7 +229,9 @@ void MainWindow::RestoreLayout() {
   restoreState(settings_.value("layout").toByteArray());
   language_->setCurrentText(settings_.value("language", "en").toString());
   const int preset = preset_->findData(settings_.value("preset", "host").toString());
-  if (preset >= 0) preset_->setCurrentIndex(preset);
+  if (preset >= 0) {
+    preset_->setCurrentIndex(preset);
+  }
   buttons_->filter().setText(settings_.value("buttonFilter").toString());
   log_level_->setCurrentIndex(settings_.value("logLevel", 0).toInt());
   scenario_->SetSpeed(settings_.value("speed", 0).toInt());

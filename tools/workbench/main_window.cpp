@@ -47,8 +47,12 @@ MainWindow::MainWindow(WatchedPlugin& watched, const WindowOptions& options)
       QDir::temp().filePath("controlbar-workbench").toStdString());  // not where it was started
   run_.adapt = [this](vellomar_host::SendStep& send) { Adapt(send); };
   RestoreLayout();
-  if (!options.language.isEmpty()) ChooseLanguage(options.language);
-  if (!scenarios_) ShowFault("no folder \"scenarios\" with presets and texts was found");
+  if (!options.language.isEmpty()) {
+    ChooseLanguage(options.language);
+  }
+  if (!scenarios_) {
+    ShowFault("no folder \"scenarios\" with presets and texts was found");
+  }
   UpdateState();
 }
 
@@ -94,7 +98,9 @@ QWidget* MainWindow::MakeLists() {
     area->setWidget(form);
     tabs->addTab(area, title);
     watched_.AddEntryListener([form](const vellomar_host::TranscriptEntry& entry) {
-      if (entry.kind == "send" && entry.subject == form->command().name) form->Load(entry.details);
+      if (entry.kind == "send" && entry.subject == form->command().name) {
+        form->Load(entry.details);
+      }
     });
   };
   add("updateParticipants", "Participants");
@@ -190,7 +196,9 @@ void MainWindow::AddToolBar() {
 }
 
 void MainWindow::FillPresets() {
-  if (!scenarios_) return;
+  if (!scenarios_) {
+    return;
+  }
   presets_ = ListPresets(*scenarios_);
   for (const Preset& preset : presets_) {
     preset_->addItem(QString::fromStdString(preset.title), QString::fromStdString(preset.name));
@@ -200,7 +208,9 @@ void MainWindow::FillPresets() {
 }
 
 void MainWindow::FillLanguages() {
-  if (!scenarios_) return;
+  if (!scenarios_) {
+    return;
+  }
   for (const std::string& language : ListLanguages(*scenarios_)) {
     language_->addItem(QString::fromStdString(language));
   }

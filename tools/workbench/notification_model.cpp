@@ -16,7 +16,9 @@ constexpr std::array<const char*, NotificationModel::kColumns> kTitles = {"Secon
 
 // "mute = true, shareOption = 2"
 QString PayloadText(const nlohmann::json& payload) {
-  if (!payload.is_object()) return ToText(payload);
+  if (!payload.is_object()) {
+    return ToText(payload);
+  }
   QStringList members;
   for (const auto& member : payload.items()) {
     members << QString::fromStdString(member.key()) + " = " +
@@ -28,7 +30,9 @@ QString PayloadText(const nlohmann::json& payload) {
 }  // namespace
 
 void NotificationModel::Append(const vellomar_host::TranscriptEntry& entry) {
-  if (entry.kind != "notify" && entry.kind != "request" && entry.kind != "fault") return;
+  if (entry.kind != "notify" && entry.kind != "request" && entry.kind != "fault") {
+    return;
+  }
   if (rowCount() == kMostRows) {
     beginRemoveRows({}, 0, 0);
     rows_.pop_front();
@@ -56,17 +60,27 @@ int NotificationModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant NotificationModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return {};
+  }
   const auto& row = rows_[static_cast<std::size_t>(index.row())];
   const QString& cell = row[static_cast<std::size_t>(index.column())];
-  if (role == Qt::DisplayRole) return cell;
-  if (role == Qt::ToolTipRole && index.column() == kPayload) return cell;
-  if (role == Qt::ForegroundRole && row[kKind] == "fault") return QColor(190, 30, 20);
+  if (role == Qt::DisplayRole) {
+    return cell;
+  }
+  if (role == Qt::ToolTipRole && index.column() == kPayload) {
+    return cell;
+  }
+  if (role == Qt::ForegroundRole && row[kKind] == "fault") {
+    return QColor(190, 30, 20);
+  }
   return {};
 }
 
 QVariant NotificationModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) {
+    return {};
+  }
   return QString(kTitles[static_cast<std::size_t>(section)]);
 }
 

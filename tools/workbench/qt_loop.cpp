@@ -22,7 +22,9 @@ void WaitInQt(const LorimelDriver* driver, std::int32_t max_ms) {
 }
 
 void WakeDriver(const LorimelDriver* driver) {
-  if (driver != nullptr) driver->wake();
+  if (driver != nullptr) {
+    driver->wake();
+  }
 }
 
 }  // namespace
@@ -42,15 +44,18 @@ QtLoop::~QtLoop() {
 
 void QtLoop::Wake() {
   WakeDriver(driver_);
-  if (turn_is_queued_.exchange(true)) return;
-  QMetaObject::invokeMethod(
-      &context_, [this] { Turn(); }, Qt::QueuedConnection);
+  if (turn_is_queued_.exchange(true)) {
+    return;
+  }
+  QMetaObject::invokeMethod(&context_, [this] { Turn(); }, Qt::QueuedConnection);
 }
 
 void QtLoop::Turn() {
   turn_is_queued_ = false;
   loop_.RunTurn();
-  if (loop_.HasPosted()) Wake();
+  if (loop_.HasPosted()) {
+    Wake();
+  }
   SetAlarm();
 }
 

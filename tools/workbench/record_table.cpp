@@ -31,7 +31,9 @@ RecordTable::RecordTable(const vellomar_host::Field& field, RecordTableModel::Ro
   }
   view_->verticalHeader()->setVisible(model_.IsList());
   view_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-  if (model_.IsList()) AddButtons();
+  if (model_.IsList()) {
+    AddButtons();
+  }
   for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
     connect(&model_, signal, this, [this] { FitHeight(); });
   }

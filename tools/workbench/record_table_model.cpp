@@ -13,7 +13,9 @@ using vellomar_host::FieldType;
 
 RecordTableModel::RecordTableModel(const Field& field, Rows rows, QObject* parent)
     : QAbstractTableModel(parent), field_(field), columns_(ElementFields(field)), rows_kind_(rows) {
-  if (rows == kOne) rows_.push_back(Default());
+  if (rows == kOne) {
+    rows_.push_back(Default());
+  }
 }
 
 json RecordTableModel::Default() const {
@@ -33,7 +35,9 @@ void RecordTableModel::SetValue(const json& value) {
   for (const json& element : given.is_array() ? given : json::array()) {
     json row = Default();
     if (row.is_object() && element.is_object()) {
-      for (const Field& column : columns_) row[column.name] = element.value(column.name, json());
+      for (const Field& column : columns_) {
+        row[column.name] = element.value(column.name, json());
+      }
     } else if (!row.is_object()) {
       row = element;
     }
@@ -51,7 +55,9 @@ void RecordTableModel::AddRow() {
 }
 
 void RecordTableModel::RemoveRow(int row) {
-  if (row < 0 || row >= rowCount()) return;
+  if (row < 0 || row >= rowCount()) {
+    return;
+  }
   beginRemoveRows({}, row, row);
   rows_.erase(static_cast<std::size_t>(row));
   endRemoveRows();
@@ -80,17 +86,23 @@ json& RecordTableModel::Cell(const QModelIndex& index) {
 }
 
 QVariant RecordTableModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return {};
+  }
   const Field& field = FieldAt(index);
   const json& value = Cell(index);
   const bool is_check = field.type == FieldType::kFlag && value.is_boolean();
   if (role == Qt::CheckStateRole && is_check) {
     return value.get<bool>() ? Qt::Checked : Qt::Unchecked;
   }
-  if ((role == Qt::DisplayRole && !is_check) || role == Qt::EditRole) return ToText(value);
+  if ((role == Qt::DisplayRole && !is_check) || role == Qt::EditRole) {
+    return ToText(value);
+  }
   if (role == Qt::ToolTipRole || role == Qt::BackgroundRole) {
     const auto fault = FindFault(field, value);
-    if (!fault) return {};
+    if (!fault) {
+      return {};
+    }
     return role == Qt::ToolTipRole ? QVariant(QString::fromStdString(*fault))
                                    : QVariant(QColor(255, 205, 200));
   }
@@ -98,7 +110,9 @@ QVariant RecordTableModel::data(const QModelIndex& index, int role) const {
 }
 
 bool RecordTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return false;
+  }
   if (role == Qt::CheckStateRole) {
     Cell(index) = value.toInt() == Qt::Checked;
   } else if (role == Qt::EditRole) {
@@ -112,20 +126,28 @@ bool RecordTableModel::setData(const QModelIndex& index, const QVariant& value, 
 }
 
 QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role != Qt::DisplayRole) return {};
-  if (orientation == Qt::Vertical) return section + 1;
+  if (role != Qt::DisplayRole) {
+    return {};
+  }
+  if (orientation == Qt::Vertical) {
+    return section + 1;
+  }
   return QString::fromStdString(columns_[static_cast<std::size_t>(section)].name);
 }
 
 Qt::ItemFlags RecordTableModel::flags(const QModelIndex& index) const {
-  if (!index.isValid()) return Qt::NoItemFlags;
+  if (!index.isValid()) {
+    return Qt::NoItemFlags;
+  }
   Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
   const bool is_check = FieldAt(index).type == FieldType::kFlag && Cell(index).is_boolean();
   return flags | (is_check ? Qt::ItemIsUserCheckable : Qt::ItemIsEditable);
 }
 
 void RecordTableModel::Changed() const {
-  if (on_changed) on_changed();
+  if (on_changed) {
+    on_changed();
+  }
 }
 
 }  // namespace vellomar_workbench

@@ -14,10 +14,14 @@ namespace {
 // What is the same whenever and wherever the scenario is played: no handles and no places.
 json Lasting(const json& payload) {
   json lasting = json::object();
-  if (!payload.is_object()) return lasting;
+  if (!payload.is_object()) {
+    return lasting;
+  }
   for (const auto& member : payload.items()) {
     const bool is_handle = member.key() == "nativeHandle" || member.key() == "windowId";
-    if (!is_handle && member.value().is_primitive()) lasting[member.key()] = member.value();
+    if (!is_handle && member.value().is_primitive()) {
+      lasting[member.key()] = member.value();
+    }
   }
   return lasting;
 }
@@ -32,7 +36,9 @@ void Recorder::Take(const TranscriptEntry& entry) {
   } else if (entry.kind == "pick") {
     ordered_json step = {{"pick", entry.subject}};
     const auto value = entry.details.is_string() ? entry.details.get<std::string>() : "";
-    if (!value.empty()) step["value"] = value;
+    if (!value.empty()) {
+      step["value"] = value;
+    }
     Add(std::move(step), true);
   } else if (entry.kind == "close") {
     Add({{entry.subject == "bar" ? "closeBar" : "closeList", true}}, true);
@@ -51,7 +57,9 @@ void Recorder::TakeSend(const TranscriptEntry& entry) {
   const auto* command = vellomar_host::FindCommand(std::string_view(entry.subject));
   const bool posts = command != nullptr && command->route == vellomar_host::Route::Post;
   ordered_json step = {{"send", entry.subject}};
-  if (!entry.details.empty()) step["args"] = entry.details;
+  if (!entry.details.empty()) {
+    step["args"] = entry.details;
+  }
   Add(std::move(step), !posts);
   posted_ |= posts;
 }
@@ -61,14 +69,20 @@ void Recorder::TakeResult(const TranscriptEntry& entry) {
   if (entry.kind == "matched" && entry.subject.starts_with("cannot ") && !steps_.empty()) {
     steps_.back()["refused"] = true;
   }
-  if (!with_results_ || steps_.empty()) return;
+  if (!with_results_ || steps_.empty()) {
+    return;
+  }
   if (entry.kind == "answer" && steps_.back().contains("send")) {
     const json expected = Lasting(entry.details);
-    if (!expected.empty()) steps_.back()["expect"] = expected;
+    if (!expected.empty()) {
+      steps_.back()["expect"] = expected;
+    }
   } else if (entry.kind == "notify") {
     ordered_json wait = {{"notification", entry.subject}};
     const json payload = Lasting(entry.details);
-    if (!payload.empty()) wait["payload"] = payload;
+    if (!payload.empty()) {
+      wait["payload"] = payload;
+    }
     Add({{"waitFor", wait}}, false);
     posted_ = false;  // waiting runs the loop
   }
@@ -89,7 +103,9 @@ void Recorder::Clear() {
 
 std::string Recorder::Scenario(const std::string& name) const {
   std::string text = "{\n  \"name\": " + json(name).dump() + ",\n";
-  if (!answers_.empty()) text += "  \"participantAnswers\": " + json(answers_).dump() + ",\n";
+  if (!answers_.empty()) {
+    text += "  \"participantAnswers\": " + json(answers_).dump() + ",\n";
+  }
   text += "  \"steps\": [";
   std::string separator = "\n    ";
   for (const ordered_json& step : steps_) {
@@ -97,7 +113,9 @@ std::string Recorder::Scenario(const std::string& name) const {
     separator = ",\n    ";
   }
   // What was posted last is to run before the end.
-  if (posted_) text += separator + "{\"waitIdle\":true}";
+  if (posted_) {
+    text += separator + "{\"waitIdle\":true}";
+  }
   return text + "\n  ]\n}\n";
 }
 

@@ -63,15 +63,23 @@ QWidget* ScenarioPanel::MakePlayButtons() {
   play_ = MakeButton("Play", "All steps to the end, or pause (F5)",
                      [this] { run_.IsPlaying() ? run_.Pause() : run_.Play(); });
   again_ = MakeButton("From the start", "Start the plug-in anew and play", [this] {
-    if (const auto fault = run_.Begin()) return ShowFault(QString::fromStdString(*fault));
+    if (const auto fault = run_.Begin()) {
+      return ShowFault(QString::fromStdString(*fault));
+    }
     run_.Play();
   });
-  for (QPushButton* button : {step_, play_, again_}) first->addWidget(button);
+  for (QPushButton* button : {step_, play_, again_}) {
+    first->addWidget(button);
+  }
   layout->addLayout(first);
   speed_ = new QComboBox(this);
-  for (const Speed& speed : kSpeeds) speed_->addItem(speed.name);
+  for (const Speed& speed : kSpeeds) {
+    speed_->addItem(speed.name);
+  }
   connect(speed_, &QComboBox::currentIndexChanged, this, [this](int index) {
-    if (index >= 0) run_.SetDelay(kSpeeds[static_cast<std::size_t>(index)].delay_ms);
+    if (index >= 0) {
+      run_.SetDelay(kSpeeds[static_cast<std::size_t>(index)].delay_ms);
+    }
   });
   auto* second = new QHBoxLayout;
   second->addWidget(new QLabel("Speed", this));
@@ -115,8 +123,12 @@ void ScenarioPanel::ShowRun() {
   title_->setText(open ? "<b>" + QString::fromStdString(run_.title()).toHtmlEscaped() + "</b>"
                        : "No scenario is open.");
   play_->setText(run_.IsPlaying() ? "Pause" : "Play");
-  for (QPushButton* button : {step_, play_, again_}) button->setEnabled(open);
-  if (open) steps_->scrollTo(run_.steps().index(run_.current(), 0));
+  for (QPushButton* button : {step_, play_, again_}) {
+    button->setEnabled(open);
+  }
+  if (open) {
+    steps_->scrollTo(run_.steps().index(run_.current(), 0));
+  }
 }
 
 void ScenarioPanel::ShowRecording() {

@@ -47,21 +47,29 @@ std::vector<std::pair<int, std::string>> Describe(const vellomar_host::Scenario&
 
 ScenarioRun::ScenarioRun(WatchedPlugin& watched) : watched_(watched) {
   options_.has_display = true;
-  for (QTimer* timer : {&next_timer_, &look_timer_, &deadline_}) timer->setSingleShot(true);
+  for (QTimer* timer : {&next_timer_, &look_timer_, &deadline_}) {
+    timer->setSingleShot(true);
+  }
   QObject::connect(&next_timer_, &QTimer::timeout, &next_timer_, [this] { DoNext(); });
   QObject::connect(&look_timer_, &QTimer::timeout, &look_timer_, [this] { LookForNotification(); });
   QObject::connect(&deadline_, &QTimer::timeout, &deadline_, [this] {
     LookForNotification();
-    if (awaited_ != nullptr) StepFailed(vellomar_host::MissingNotification(*awaited_));
+    if (awaited_ != nullptr) {
+      StepFailed(vellomar_host::MissingNotification(*awaited_));
+    }
   });
   watched_.AddEntryListener([this](const vellomar_host::TranscriptEntry& entry) {
     const bool concerns = entry.kind == "notify" || entry.kind == "stop";
-    if (concerns && awaited_ != nullptr) look_timer_.start(0);
+    if (concerns && awaited_ != nullptr) {
+      look_timer_.start(0);
+    }
   });
 }
 
 Fault ScenarioRun::Open(const std::filesystem::path& file) {
-  if (in_step_) return "a step is running";
+  if (in_step_) {
+    return "a step is running";
+  }
   try {
     const std::string text = vellomar_host::ReadFile(file);
     vellomar_host::Scenario scenario = vellomar_host::ParseScenario(text, file);
@@ -81,13 +89,17 @@ Fault ScenarioRun::Open(const std::filesystem::path& file) {
 }
 
 Fault ScenarioRun::Begin() {
-  if (in_step_ || !scenario_) return "there is no scenario to begin";
+  if (in_step_ || !scenario_) {
+    return "there is no scenario to begin";
+  }
   Pause();
   awaited_ = nullptr;
   player_.reset();
   steps_.Reset();
   next_ = 0;
-  if (auto fault = watched_.Restart()) return fault;
+  if (auto fault = watched_.Restart()) {
+    return fault;
+  }
   for (const auto& step : scenario_->steps) {
     if (watched_.session()->driver() == nullptr && NeedsDriver(step)) {
       return fmt::format(
@@ -108,15 +120,21 @@ bool ScenarioRun::IsOver() const {
 }
 
 void ScenarioRun::Step() {
-  if (awaited_ != nullptr || in_step_) return;
+  if (awaited_ != nullptr || in_step_) {
+    return;
+  }
   Pause();
   next_timer_.start(0);
 }
 
 void ScenarioRun::Play() {
-  if (is_playing_ || !scenario_) return;
+  if (is_playing_ || !scenario_) {
+    return;
+  }
   is_playing_ = true;
-  if (awaited_ == nullptr) next_timer_.start(0);
+  if (awaited_ == nullptr) {
+    next_timer_.start(0);
+  }
   Changed();
 }
 
@@ -127,14 +145,20 @@ void ScenarioRun::Pause() {
 }
 
 void ScenarioRun::DoNext() {
-  if (in_step_ || !scenario_ || awaited_ != nullptr) return;
+  if (in_step_ || !scenario_ || awaited_ != nullptr) {
+    return;
+  }
   const bool playing = is_playing_;
   // A plug-in that was loaded anew knows nothing of the steps so far.
   if (player_ == nullptr || generation_ != watched_.generation() || IsOver()) {
-    if (auto fault = Begin()) return Finish(fault);
+    if (auto fault = Begin()) {
+      return Finish(fault);
+    }
     is_playing_ = playing;
   }
-  if (IsOver()) return Finish(std::nullopt);
+  if (IsOver()) {
+    return Finish(std::nullopt);
+  }
   in_step_ = true;
   steps_.SetState(next_, StepModel::State::kRunning);
   std::optional<std::string> failure;
@@ -144,8 +168,12 @@ void ScenarioRun::DoNext() {
     failure = error.what();
   }
   in_step_ = false;
-  if (failure) return StepFailed(*failure);
-  if (awaited_ == nullptr) StepDone();
+  if (failure) {
+    return StepFailed(*failure);
+  }
+  if (awaited_ == nullptr) {
+    StepDone();
+  }
 }
 
 void ScenarioRun::Do(const vellomar_host::Step& step) {
@@ -168,9 +196,15 @@ void ScenarioRun::Do(const vellomar_host::Step& step) {
 }
 
 void ScenarioRun::LookForNotification() {
-  if (awaited_ == nullptr || in_step_) return;
-  if (generation_ != watched_.generation()) return StepFailed("the plug-in was unloaded");
-  if (!player_->Consume(*awaited_)) return;
+  if (awaited_ == nullptr || in_step_) {
+    return;
+  }
+  if (generation_ != watched_.generation()) {
+    return StepFailed("the plug-in was unloaded");
+  }
+  if (!player_->Consume(*awaited_)) {
+    return;
+  }
   awaited_ = nullptr;
   deadline_.stop();
   StepDone();
@@ -179,8 +213,12 @@ void ScenarioRun::LookForNotification() {
 void ScenarioRun::StepDone(const std::string& message) {
   steps_.SetState(next_, StepModel::State::kDone, message);
   ++next_;
-  if (IsOver()) return Finish(std::nullopt);
-  if (is_playing_) next_timer_.start(delay_ms_);
+  if (IsOver()) {
+    return Finish(std::nullopt);
+  }
+  if (is_playing_) {
+    next_timer_.start(delay_ms_);
+  }
   Changed();
 }
 
@@ -197,11 +235,15 @@ void ScenarioRun::Finish(const Fault& fault) {
   is_playing_ = false;
   next_timer_.stop();
   Changed();
-  if (on_finished) on_finished(fault);
+  if (on_finished) {
+    on_finished(fault);
+  }
 }
 
 void ScenarioRun::Changed() const {
-  if (on_changed) on_changed();
+  if (on_changed) {
+    on_changed();
+  }
 }
 
 }  // namespace vellomar_workbench

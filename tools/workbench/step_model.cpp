@@ -45,17 +45,29 @@ int StepModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant StepModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    return {};
+  }
   const Row& row = rows_[static_cast<std::size_t>(index.row())];
   if (role == Qt::BackgroundRole) {
-    if (row.state == State::kFailed) return QColor(255, 205, 200);
-    if (row.state == State::kRunning) return QColor(205, 228, 255);
+    if (row.state == State::kFailed) {
+      return QColor(255, 205, 200);
+    }
+    if (row.state == State::kRunning) {
+      return QColor(205, 228, 255);
+    }
     return {};
   }
   const bool is_marked = row.state == State::kFailed || row.state == State::kRunning;
-  if (role == Qt::ForegroundRole && is_marked) return QColor(Qt::black);
-  if (role == Qt::ToolTipRole) return index.column() == kStep ? row.text : row.message;
-  if (role != Qt::DisplayRole) return {};
+  if (role == Qt::ForegroundRole && is_marked) {
+    return QColor(Qt::black);
+  }
+  if (role == Qt::ToolTipRole) {
+    return index.column() == kStep ? row.text : row.message;
+  }
+  if (role != Qt::DisplayRole) {
+    return {};
+  }
   switch (index.column()) {
     case kLine:
       return row.line;
@@ -64,13 +76,19 @@ QVariant StepModel::data(const QModelIndex& index, int role) const {
     default:
       break;
   }
-  if (!row.message.isEmpty()) return row.message;
-  if (row.state == State::kDone) return QString("done");
+  if (!row.message.isEmpty()) {
+    return row.message;
+  }
+  if (row.state == State::kDone) {
+    return QString("done");
+  }
   return row.state == State::kRunning ? QString("waits") : QString();
 }
 
 QVariant StepModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) {
+    return {};
+  }
   return QString(kTitles[static_cast<std::size_t>(section)]);
 }
 

@@ -36,8 +36,9 @@ void FollowEnd(QTableView& table) {
   QObject::connect(table.model(), &QAbstractItemModel::rowsAboutToBeInserted, &table,
                    [bar, at_end] { *at_end = bar->value() >= bar->maximum(); });
   QObject::connect(table.model(), &QAbstractItemModel::rowsInserted, &table, [&table, at_end] {
-    if (*at_end)
+    if (*at_end) {
       QMetaObject::invokeMethod(&table, &QTableView::scrollToBottom, Qt::QueuedConnection);
+    }
   });
 }
 

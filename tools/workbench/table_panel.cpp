@@ -19,7 +19,9 @@ TablePanel::TablePanel(QAbstractItemModel& model, const QString& placeholder, QW
   layout->addWidget(table_, 1);
   table_->setModel(&model);
   connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
-    if (on_filter) on_filter(text);
+    if (on_filter) {
+      on_filter(text);
+    }
   });
 }
 

@@ -14,12 +14,16 @@ Fault WaitForEnd(ScenarioRun& run) {
   bool over = false;
   const auto usual = run.on_finished;
   run.on_finished = [&](const Fault& fault) {
-    if (usual) usual(fault);
+    if (usual) {
+      usual(fault);
+    }
     result = fault;
     over = true;
     loop.quit();
   };
-  while (!over) loop.exec();
+  while (!over) {
+    loop.exec();
+  }
   run.on_finished = usual;
   return result;
 }
@@ -31,9 +35,13 @@ Fault TakePicture(WatchedPlugin& watched, QWidget& window, const std::filesystem
   }
   watched.Refresh();
   std::error_code error;
-  if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), error);
+  if (file.has_parent_path()) {
+    std::filesystem::create_directories(file.parent_path(), error);
+  }
   QCoreApplication::processEvents();
-  if (window.grab().save(QString::fromStdString(file.string()), "PNG")) return std::nullopt;
+  if (window.grab().save(QString::fromStdString(file.string()), "PNG")) {
+    return std::nullopt;
+  }
   return "cannot write the picture \"" + file.string() + "\"";
 }
 

@@ -24,7 +24,9 @@ template <typename T>
 std::optional<T> ParseNumber(const std::string& text) {
   T number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  if (error != std::errc() || end != text.data() + text.size()) {
+    return std::nullopt;
+  }
   return number;
 }
 
@@ -36,12 +38,20 @@ json FromText(const Field& field, const std::string& text) {
     case FieldType::kLong:
     case FieldType::kULong:
     case FieldType::kSlot:
-      if (const auto number = ParseNumber<std::int64_t>(text)) return *number;
-      if (const auto number = ParseNumber<std::uint64_t>(text)) return *number;
+      if (const auto number = ParseNumber<std::int64_t>(text)) {
+        return *number;
+      }
+      if (const auto number = ParseNumber<std::uint64_t>(text)) {
+        return *number;
+      }
       return text;
     case FieldType::kFlag:
-      if (text == "true") return true;
-      if (text == "false") return false;
+      if (text == "true") {
+        return true;
+      }
+      if (text == "false") {
+        return false;
+      }
       return text;
     case FieldType::kText:
     case FieldType::kRect:
@@ -53,18 +63,32 @@ json FromText(const Field& field, const std::string& text) {
 }
 
 QString ToText(const json& value) {
-  if (value.is_null()) return {};
-  if (value.is_string()) return QString::fromStdString(value.get<std::string>());
+  if (value.is_null()) {
+    return {};
+  }
+  if (value.is_string()) {
+    return QString::fromStdString(value.get<std::string>());
+  }
   return QString::fromStdString(vellomar_host::ToLine(value));
 }
 
 json DefaultValue(const Field& field) {
-  if (field.is_array) return json::array();
-  if (field.type == FieldType::kFlag) return false;
-  if (field.type == FieldType::kText) return "";
-  if (!IsRecord(field)) return 0;
+  if (field.is_array) {
+    return json::array();
+  }
+  if (field.type == FieldType::kFlag) {
+    return false;
+  }
+  if (field.type == FieldType::kText) {
+    return "";
+  }
+  if (!IsRecord(field)) {
+    return 0;
+  }
   json record = json::object();
-  for (const Field& member : ElementFields(field)) record[member.name] = DefaultValue(member);
+  for (const Field& member : ElementFields(field)) {
+    record[member.name] = DefaultValue(member);
+  }
   return record;
 }
 
@@ -85,7 +109,9 @@ std::optional<std::string> FindFault(const Field& field, const json& value) {
     // Without the command, which has no name here, and the field, beside which it is shown.
     std::string_view words = error.what();
     for (const std::string& prefix : {std::string(": "), fmt::format("\"{}\" ", field.name)}) {
-      if (words.starts_with(prefix)) words.remove_prefix(prefix.size());
+      if (words.starts_with(prefix)) {
+        words.remove_prefix(prefix.size());
+      }
     }
     return std::string(words);
   }
@@ -111,7 +137,9 @@ bool TakesKeys(const Field& field) {
 std::vector<std::string> KeyNames() {
   std::vector<std::string> names;
   for (const auto& row : vellomar_host::Keys()) {
-    if (row.key >= VELLOMAR_LORIMEL::kFirstKey) names.emplace_back(row.name);
+    if (row.key >= VELLOMAR_LORIMEL::kFirstKey) {
+      names.emplace_back(row.name);
+    }
   }
   return names;
 }
@@ -126,10 +154,18 @@ QString StatusText(std::int32_t status) {
   } else if (status == kStatusDeviceUnavailable) {
     words = {"unavailable"};
   } else {
-    if ((status & kStatusOn) != 0) words << "on";
-    if ((status & kStatusHidden) != 0) words << "hidden";
-    if ((status & kStatusDisabled) != 0) words << "disabled";
-    if ((status & kStatusUnread) != 0) words << "unread";
+    if ((status & kStatusOn) != 0) {
+      words << "on";
+    }
+    if ((status & kStatusHidden) != 0) {
+      words << "hidden";
+    }
+    if ((status & kStatusDisabled) != 0) {
+      words << "disabled";
+    }
+    if ((status & kStatusUnread) != 0) {
+      words << "unread";
+    }
   }
   const QString number = QString::number(status);
   return words.isEmpty() ? number : number + ' ' + words.join(", ");

@@ -29,8 +29,12 @@ void KeepLoaded(const std::filesystem::path& file) {
 
 // Commands that only say something once, like a hint, are not told again.
 bool SetsState(const Command& command) {
-  if (command.route != vellomar_host::Route::Post) return false;
-  if (command.id == VELLOMAR_COMMAND_setTextMap) return false;
+  if (command.route != vellomar_host::Route::Post) {
+    return false;
+  }
+  if (command.id == VELLOMAR_COMMAND_setTextMap) {
+    return false;
+  }
   constexpr std::array<std::string_view, 4> kVerbs = {"set", "update", "enter", "leave"};
   return std::any_of(kVerbs.begin(), kVerbs.end(),
                      [&](std::string_view verb) { return command.name.starts_with(verb); });
@@ -55,7 +59,9 @@ WatchedPlugin::~WatchedPlugin() {
 Fault WatchedPlugin::Load(const std::filesystem::path& plugin) {
   try {
     KeepLoaded(widgets_path_);
-    { const vellomar_host::Plugin probe(plugin); }  // before the present one goes
+    {
+      const vellomar_host::Plugin probe(plugin);
+    }  // before the present one goes
     Unload();
     session_ = std::make_unique<vellomar_host::Session>(
         vellomar_host::SessionFiles{plugin, widgets_path_, ""},
@@ -72,7 +78,9 @@ Fault WatchedPlugin::Load(const std::filesystem::path& plugin) {
 }
 
 void WatchedPlugin::Unload() {
-  if (session_ == nullptr) return;
+  if (session_ == nullptr) {
+    return;
+  }
   ++generation_;
   loop_.reset();
   session_.reset();
@@ -82,7 +90,9 @@ void WatchedPlugin::Unload() {
 }
 
 Fault WatchedPlugin::Send(const Command& command, const json& arguments) {
-  if (session_ == nullptr) return "no plug-in is loaded";
+  if (session_ == nullptr) {
+    return "no plug-in is loaded";
+  }
   try {
     session_->Send(command, arguments);
     return std::nullopt;
@@ -97,27 +107,39 @@ Fault WatchedPlugin::SendTexts(const json& texts) {
     return fault;
   }
   for (const auto& [command, arguments] : state) {
-    if (auto fault = Send(*command, arguments)) return fault;
+    if (auto fault = Send(*command, arguments)) {
+      return fault;
+    }
   }
   return std::nullopt;
 }
 
 void WatchedPlugin::SetParticipantAnswers(const std::map<std::string, std::int64_t>& answers) {
   recorder_.SetParticipantAnswers(answers);
-  if (session_ != nullptr) session_->SetParticipantAnswers(answers);
+  if (session_ != nullptr) {
+    session_->SetParticipantAnswers(answers);
+  }
 }
 
 void WatchedPlugin::OnEntry(const TranscriptEntry& entry) {
   recorder_.Take(entry);
   notifications_.Append(entry);
-  if (entry.kind == "send") Remember(entry);
-  for (const EntryListener& listener : listeners_) listener(entry);
-  if (!refresh_.isActive()) refresh_.start();
+  if (entry.kind == "send") {
+    Remember(entry);
+  }
+  for (const EntryListener& listener : listeners_) {
+    listener(entry);
+  }
+  if (!refresh_.isActive()) {
+    refresh_.start();
+  }
 }
 
 void WatchedPlugin::Remember(const TranscriptEntry& entry) {
   const Command* command = vellomar_host::FindCommand(std::string_view(entry.subject));
-  if (command == nullptr || !SetsState(*command)) return;
+  if (command == nullptr || !SetsState(*command)) {
+    return;
+  }
   const auto subject = [](const json& arguments) { return arguments.value("key", json()); };
   std::erase_if(state_, [&](const Sent& sent) {
     return sent.first == command && subject(sent.second) == subject(entry.details);
@@ -131,7 +153,9 @@ void WatchedPlugin::OnLogLine(const LogLine& line) {
     return;
   }
   lines_.push_back(line);
-  if (!refresh_.isActive()) refresh_.start();
+  if (!refresh_.isActive()) {
+    refresh_.start();
+  }
 }
 
 void WatchedPlugin::Refresh() {
@@ -145,7 +169,9 @@ void WatchedPlugin::Refresh() {
 }
 
 void WatchedPlugin::StateChanged() const {
-  if (on_state_changed) on_state_changed();
+  if (on_state_changed) {
+    on_state_changed();
+  }
 }
 
 }  // namespace vellomar_workbench

@@ -52,12 +52,16 @@ bool ExportedInit(SendRequest* request, Notify* notify, void* host, const EventL
       VellomarServerApiSlot::GetInstance();
       Notifier::GetInstance()->SetNotify(notify);
       Plugin::GetInstance()->SetHost(host);
-      if (loop != nullptr) AntennaEventLoop::GetInstance()->Init(*loop);
+      if (loop != nullptr) {
+        AntennaEventLoop::GetInstance()->Init(*loop);
+      }
     } catch (const std::bad_alloc&) {
       out_of_memory = true;
     }
   });
-  if (out_of_memory) throw std::bad_alloc();
+  if (out_of_memory) {
+    throw std::bad_alloc();
+  }
   return true;
 }
 
@@ -78,7 +82,9 @@ bool ExportedUninit() {
     const TraceScope scope("ExportedUninit");
     AntennaEventLoop::GetInstance()->Uninit();
     AntennaEventLoop::DestroyInstance();
-    if (ControlbarManager::HasInstance()) ControlbarManager::GetInstance()->ForgetPending();
+    if (ControlbarManager::HasInstance()) {
+      ControlbarManager::GetInstance()->ForgetPending();
+    }
     Plugin::DestroyInstance();
     Notifier::DestroyInstance();
     VellomarServerApiRequester::DestroyInstance();
@@ -107,14 +113,20 @@ bool ExportedOnDelegate(std::uint32_t id_low, std::uint32_t id_high, void* paylo
 }
 
 bool ExportedCallEvent(std::uint32_t id_low, std::uint32_t id_high, void* payload) {
-  if (payload == nullptr) return false;
+  if (payload == nullptr) {
+    return false;
+  }
   bool handled = false;
   Guarded("ExportedCallEvent", [&] {
     static EventTable table;
-    if (table.Empty()) table = VELLOMAR_CONTROLBAR::MakeEventTable();
+    if (table.Empty()) {
+      table = VELLOMAR_CONTROLBAR::MakeEventTable();
+    }
     const std::uint64_t id = Id(id_low, id_high);
     const VELLOMAR_CONTROLBAR::HostEventHandler handler = table.Find(id);
-    if (handler == nullptr) return;
+    if (handler == nullptr) {
+      return;
+    }
     const TraceScope scope("ExportedCallEvent");
     handler(id, payload);
     handled = true;

@@ -13,7 +13,9 @@ void Own(const char*& text, __ResourceCollection__& texts) {
 }  // namespace
 
 void Notifier::Call(VellomarNotificationId id, void* payload) {
-  if (m_notify == nullptr) return;
+  if (m_notify == nullptr) {
+    return;
+  }
   m_notify(VELLOMAR_SENDER, static_cast<std::uint32_t>(id), 0, payload);
 }
 

@@ -87,8 +87,8 @@ typedef struct LorimelDriver {
   int32_t(VELLOMAR_ABI* rowCount)(void);
   bool(VELLOMAR_ABI* row)(int32_t index, LorimelButton* out);
 
-  /* From now on the member of Lorimel (its name, not null) does nothing and answers false or 0, as a
-   * library that fails, or obeys again. The callbacks of what is there already go on. */
+  /* From now on the member of Lorimel (its name, not null) does nothing and answers false or 0, as
+   * a library that fails, or obeys again. The callbacks of what is there already go on. */
   void(VELLOMAR_ABI* refuse)(const char* member, bool refused);
 
   /* Writes a PNG of the bar with what is open around it. False where there is no picture to take.

@@ -35,7 +35,9 @@ struct Library {
 // systems allow.
 std::filesystem::path UnusualFolder(const std::filesystem::path& parent) {
   auto folder = parent / u8"会议 اجتماع Größe";
-  while (folder.native().size() < 300) folder /= "a-folder-with-a-rather-long-name";
+  while (folder.native().size() < 300) {
+    folder /= "a-folder-with-a-rather-long-name";
+  }
   return folder;
 }
 
@@ -69,7 +71,9 @@ TEST(UnloadTest, ASecondLoadStartsAfresh) {
   for (const bool mutes : {true, false}) {
     const Library library;
     library.init(nullptr, nullptr, nullptr, &table, "", "", 0);
-    if (mutes) library.call_event(VELLOMAR_COMMAND_setAudioStatus, 0, &muted);
+    if (mutes) {
+      library.call_event(VELLOMAR_COMMAND_setAudioStatus, 0, &muted);
+    }
     host.RunAll();
     library.call_event(VELLOMAR_COMMAND_showSharedControlbar, 0, &show);
     EXPECT_EQ(show.result, 1);

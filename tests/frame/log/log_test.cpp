@@ -32,7 +32,9 @@ TEST(LogTest, LongLinesAreWrittenWholeAndATextWithoutArgumentsMayHoldBraces) {
 TEST(LogTest, AScopeNamesItsModuleAndCostsMilliseconds) {
   const std::uint64_t start = VELLOMAR_LOG::NowMilliseconds();
   EXPECT_NEAR(static_cast<double>(start) / 1'000, static_cast<double>(std::time(nullptr)), 2);
-  { const VELLOMAR_LOG::TraceScope scope("Work", "Of::", "other"); }
+  {
+    const VELLOMAR_LOG::TraceScope scope("Work", "Of::", "other");
+  }
   const Line exit = recording_log::Lines().back();
   EXPECT_EQ(exit.module, "other");
   EXPECT_LE(std::stoull(exit.text.substr(exit.text.rfind(' '))),

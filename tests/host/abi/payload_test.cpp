@@ -26,11 +26,17 @@ Record& As(Payload& payload) {
 
 TEST(Layout, IsAsLargeAsEveryRecordInTheTables) {
   const auto check = [](const auto& row) {
-    if (row.fields.empty()) return;  // a record of one unread byte, or none
+    if (row.fields.empty()) {
+      return;  // a record of one unread byte, or none
+    }
     EXPECT_EQ(ParseLayout(row.fields).size, row.record_size) << row.name;
   };
-  for (const Command& command : Commands()) check(command);
-  for (const Notification& notification : Notifications()) check(notification);
+  for (const Command& command : Commands()) {
+    check(command);
+  }
+  for (const Notification& notification : Notifications()) {
+    check(notification);
+  }
 }
 
 TEST(Payload, RoundTripsEveryTypeOfField) {

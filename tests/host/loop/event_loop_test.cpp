@@ -50,7 +50,9 @@ TEST_F(EventLoopTest, RunsPostedTasksInOrderAndWhatTheyPostAfterThem) {
   self = loop.Post([&] {
     order += 'a';
     loop.Post(Add('c'));
-    for (const EventLoop::Id id : {self, cancelled, EventLoop::Id{12345}}) loop.Cancel(id);
+    for (const EventLoop::Id id : {self, cancelled, EventLoop::Id{12345}}) {
+      loop.Cancel(id);
+    }
   });
   cancelled = loop.Post(Add('x'));
   loop.Post(Add('b'));
@@ -75,7 +77,9 @@ TEST_F(EventLoopTest, RepeatsATimerUntilItStopsItself) {
   EventLoop::Id timer = 0;
   timer = loop.StartTimer(milliseconds(0), [&, kept] {
     order += '.';
-    if (order == "...") loop.Cancel(timer);
+    if (order == "...") {
+      loop.Cancel(timer);
+    }
     ++*kept;
   });
   EXPECT_TRUE(RunUntilLetters(3));
@@ -122,7 +126,9 @@ TEST_F(EventLoopTest, WaitsWithTheStrategyThatIsPutIn) {
   std::vector<std::int32_t> waits;
   loop.SetWaiting({[&](std::int32_t max_ms) {
                      waits.push_back(max_ms);
-                     if (waits.size() == 2) loop.Quit();
+                     if (waits.size() == 2) {
+                       loop.Quit();
+                     }
                    },
                    [] {}});
   loop.Post([&] { loop.Post([] {}); });

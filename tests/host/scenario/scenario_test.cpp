@@ -24,7 +24,9 @@ TEST(Scenario, TellsTheLineOfEveryStep) {
                                           "folder/s.json");
   EXPECT_EQ(scenario.participant_answers.at("u1"), -1);
   std::vector<int> lines;
-  for (const Step& step : scenario.steps) lines.push_back(step.line);
+  for (const Step& step : scenario.steps) {
+    lines.push_back(step.line);
+  }
   EXPECT_EQ(lines, (std::vector{3, 3, 6, 6}));
 }
 
@@ -49,7 +51,9 @@ TEST(Scenario, TellsEveryFaultWithItsLine) {
        "s.json:2: the answer for participant \"u\" should be an integer"},
       {" \r\n\t", "s.json:1: the file is empty"},
   };
-  for (const auto& [text, fault] : cases) EXPECT_EQ(FaultOf(text), fault);
+  for (const auto& [text, fault] : cases) {
+    EXPECT_EQ(FaultOf(text), fault);
+  }
   EXPECT_TRUE(FaultOf("{\n\"steps\": [\n{\"note\": }\n]}").starts_with("s.json:3: syntax error"));
   EXPECT_TRUE(FaultOf("{\"name\": \"\xff\"}").starts_with("s.json:1: "));
 }
@@ -84,7 +88,9 @@ TEST(Scenario, TheTextsHaveTheSameIdsAndPlaceholdersInEveryLanguage) {
   const std::filesystem::path texts = std::filesystem::path(VELLOMAR_SCENARIOS) / "texts";
   const auto placeholders = [](const std::filesystem::path& file) {
     nlohmann::json found = nlohmann::json::parse(ReadFile(file));
-    for (auto& text : found) text = text.get<std::string>().find("{{") != std::string::npos;
+    for (auto& text : found) {
+      text = text.get<std::string>().find("{{") != std::string::npos;
+    }
     return found;
   };
   for (const auto& entry : std::filesystem::directory_iterator(texts)) {

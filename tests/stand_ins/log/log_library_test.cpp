@@ -48,7 +48,9 @@ class LogLibraryTest : public testing::Test {
   static std::vector<std::string> Lines(const path& file) {
     std::ifstream in(file);
     std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    for (std::string line; std::getline(in, line);) {
+      lines.push_back(line);
+    }
     return lines;
   }
 
@@ -107,7 +109,9 @@ TEST_F(LogLibraryTest, FileThatCannotBeOpenedIsSaidOnceAndReplacedByTheConsole) 
 TEST_F(LogLibraryTest, KeepsAsManyFilesAsAsked) {
   ASSERT_TRUE(Open(1, File("bar.log"), nullptr, 2));
   const std::string mebibyte(1 << 20, 'x');
-  for (int i = 0; i < 35; ++i) write("m", 3, mebibyte.c_str());
+  for (int i = 0; i < 35; ++i) {
+    write("m", 3, mebibyte.c_str());
+  }
   std::vector<std::uintmax_t> sizes;
   for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
     sizes.push_back(entry.file_size());

@@ -55,7 +55,9 @@ class WidgetsTest : public testing::Test {
     return lorimel.CreateControlbar(
         "title", 0, 0, 1920, 1080,
         [](void* handle, int, int, int, int, bool main, std::uint64_t) {
-          if (main) current_->bar = handle;
+          if (main) {
+            current_->bar = handle;
+          }
           current_->Told(main ? "created" : "popup created");
         },
         [](void* handle) { current_->Told(handle == current_->bar ? "closed" : "popup closed"); },
@@ -172,7 +174,9 @@ TEST_F(WidgetsTest, TheSketchBarIsHiddenShownAndClosed) {
 TEST_F(WidgetsTest, AQuestionIsAnsweredOnceOrGoesWithWhatIsShown) {
   ShowBar();
   Ask();
-  for (const bool asks : {true, false}) EXPECT_EQ(Press(LeaveSubRoom), asks);
+  for (const bool asks : {true, false}) {
+    EXPECT_EQ(Press(LeaveSubRoom), asks);
+  }
   Ask();
   lorimel.ShowControlbarButtonTip(EventKey::Chat, "hint", false, 0, false);
   EXPECT_FALSE(Press(LeaveSubRoom)) << "one bubble at a time";

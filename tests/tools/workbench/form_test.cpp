@@ -25,7 +25,9 @@ class CommandFormTest : public WatchedPluginTest {
   void SetUp() override {
     WatchedPluginTest::SetUp();
     watched.AddEntryListener([this](const auto& entry) {
-      if (entry.kind == "send") sent.push_back(entry.details);
+      if (entry.kind == "send") {
+        sent.push_back(entry.details);
+      }
     });
   }
 
@@ -43,7 +45,9 @@ TEST_F(CommandFormTest, EveryCommandHasAnEditorForEachFieldAndCanBeSentAsItIs) {
   for (const auto& command : vellomar_host::Commands()) {
     CommandForm form(watched, command);
     const FormModel model(command);
-    for (const auto& field : model.fields()) Find<QWidget>(form, field.name);
+    for (const auto& field : model.fields()) {
+      Find<QWidget>(form, field.name);
+    }
     form.Send();
   }
   EXPECT_EQ(sent.size(), vellomar_host::Commands().size());

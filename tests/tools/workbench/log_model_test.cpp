@@ -18,7 +18,9 @@ class LogModelTest : public testing::Test {
  protected:
   void Append(const std::vector<std::string>& texts, int level = 3, std::thread::id thread = {}) {
     std::vector<LogLine> lines;
-    for (const std::string& text : texts) lines.push_back({{}, thread, "module", level, text});
+    for (const std::string& text : texts) {
+      lines.push_back({{}, thread, "module", level, text});
+    }
     model.Append(lines);
   }
 

@@ -24,7 +24,9 @@ class ButtonModelTest : public testing::Test {
  protected:
   void Update() {
     model.Update([this](std::int32_t key, LorimelButton* out) {
-      if (held.contains(key)) *out = held.at(key);
+      if (held.contains(key)) {
+        *out = held.at(key);
+      }
       return held.contains(key);
     });
   }

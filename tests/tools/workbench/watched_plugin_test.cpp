@@ -21,7 +21,9 @@ using VELLOMAR_LORIMEL::EventKey;
 
 void ClickOnBar(const QString& label) {
   for (QWidget* widget : QApplication::allWidgets()) {
-    if (widget->accessibleName() != label || !widget->isVisible()) continue;
+    if (widget->accessibleName() != label || !widget->isVisible()) {
+      continue;
+    }
     return QTest::mouseClick(widget, Qt::LeftButton);
   }
   ADD_FAILURE() << "the bar shows no " << label.toStdString();
@@ -66,7 +68,9 @@ TEST_F(WatchedPluginTest, AnotherBuildTakesThePlaceOfTheFirst) {
 
 TEST_F(WatchedPluginTest, AnotherLanguageKeepsTheStateOfTheMeeting) {
   ShowBar();
-  for (const int status : {2, 0}) Send("setAudioStatus", {{"status", status}});
+  for (const int status : {2, 0}) {
+    Send("setAudioStatus", {{"status", status}});
+  }
   for (const char* key : {"Chat", "Reaction"}) {
     Send("setButtonVisible", {{"key", key}, {"visible", false}});
   }

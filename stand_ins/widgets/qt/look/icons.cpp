@@ -34,7 +34,9 @@ QString IconOfKey(EventKey key) {
   static const std::map<EventKey, QString> icons = [] {
     std::map<EventKey, QString> found;
     for (const KeyName& row : kKeyNames) {
-      if (QFile::exists(FileOf(row.name))) found[row.key] = row.name;
+      if (QFile::exists(FileOf(row.name))) {
+        found[row.key] = row.name;
+      }
     }
     return found;
   }();

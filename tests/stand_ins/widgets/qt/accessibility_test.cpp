@@ -26,10 +26,14 @@ class QtAccessibilityTest : public QtSession {
     std::vector<QAccessibleInterface*> parts;
     for (int i = 0; i < whole.childCount(); ++i) {
       QAccessibleInterface* child = whole.child(i);
-      if (child == nullptr || child->state().invisible) continue;
+      if (child == nullptr || child->state().invisible) {
+        continue;
+      }
       const auto below = PartsOf(*child);
       parts.insert(parts.end(), below.begin(), below.end());
-      if (child->childCount() == 0) parts.push_back(child);
+      if (child->childCount() == 0) {
+        parts.push_back(child);
+      }
     }
     return parts;
   }
@@ -49,7 +53,9 @@ class QtAccessibilityTest : public QtSession {
   static void ExpectToStandOut(QWidget& window, const QImage& picture, const QRect& area) {
     constexpr int kMargin = 24;
     for (QAccessibleInterface* item : PartsOf(*Of(&window))) {
-      if (item->role() == QAccessible::Separator) continue;
+      if (item->role() == QAccessible::Separator) {
+        continue;
+      }
       const QPoint at = item->rect().topLeft() - area.topLeft() + QPoint(kMargin, kMargin);
       EXPECT_TRUE(StandsOut(picture.copy(QRect(at * 2, item->rect().size() * 2))))
           << item->role() << item->text(QAccessible::Name).toStdString();
@@ -110,7 +116,9 @@ TEST_F(QtAccessibilityTest, RowsHaveNamesRolesAndStates) {
   ASSERT_NE(list, nullptr);
   EXPECT_EQ(Of(list)->role(), QAccessible::PopupMenu);
   std::map<QString, QAccessibleInterface*> rows;
-  for (QAccessibleInterface* item : PartsOf(*Of(list))) rows[item->text(QAccessible::Name)] = item;
+  for (QAccessibleInterface* item : PartsOf(*Of(list))) {
+    rows[item->text(QAccessible::Name)] = item;
+  }
   EXPECT_EQ(rows.at("Who can join")->role(), QAccessible::StaticText);
   EXPECT_EQ(rows.at("Signed-in users")->role(), QAccessible::RadioButton);
   EXPECT_FALSE(rows.at("Signed-in users")->state().checked);

@@ -39,7 +39,9 @@ TEST_F(QtListTest, ParticipantsShowTheirPicturesCanBeSearchedAndFitOnTheScreen) 
   Settle();
   const auto is_of_avatar = [](const QColor& colour) { return colour == QColor(Qt::green); };
   EXPECT_NEAR(Count(Grab(*List()), is_of_avatar), 3.14 * 11 * 11, 60) << "one of them, round";
-  for (const char key : std::string("0007")) QTest::keyClick(QGuiApplication::focusWindow(), key);
+  for (const char key : std::string("0007")) {
+    QTest::keyClick(QGuiApplication::focusWindow(), key);
+  }
   EXPECT_EQ(search->text(), "0007") << "what is typed on the rows goes there";
   Key(Qt::Key_Down);
   Forget();
