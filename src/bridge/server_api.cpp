@@ -22,6 +22,20 @@ constexpr std::array<std::uint64_t, 11> kResponses = {VELLOMAR_RESPONSE_AVATAR,
                                                       15000610,
                                                       15000644};
 
+// False for a null payload and for an id without a handler.
+template <typename Object, typename Handlers>
+bool RunHandler(Object& object, const Handlers& handlers, std::uint64_t id, void* payload) {
+  if (payload == nullptr) {
+    return false;
+  }
+  const auto found = handlers.find(id);
+  if (found == handlers.end()) {
+    return false;
+  }
+  (object.*found->second)(id, payload);
+  return true;
+}
+
 }  // namespace
 
 std::int64_t VellomarServerApiRequester::RequestParticipant(const std::string& user_id) const {
@@ -50,15 +64,7 @@ void VellomarServerApiResponser::SetCallback(std::uint64_t id, Callback callback
 }
 
 bool VellomarServerApiResponser::OnReceive(std::uint64_t id, void* payload) {
-  if (payload == nullptr) {
-    return false;
-  }
-  const auto found = m_handlers.find(id);
-  if (found == m_handlers.end()) {
-    return false;
-  }
-  (this->*found->second)(id, payload);
-  return true;
+  return RunHandler(*this, m_handlers, id, payload);
 }
 
 void VellomarServerApiResponser::OnAvatar(std::uint64_t, void* payload) {
@@ -84,15 +90,7 @@ void VellomarServerApiResponser::OnOther(std::uint64_t id, void* payload) {
 }
 
 bool VellomarServerApiSlot::OnDelegate(std::uint64_t id, void* payload) {
-  if (payload == nullptr) {
-    return false;
-  }
-  const auto found = m_handlers.find(id);
-  if (found == m_handlers.end()) {
-    return false;
-  }
-  (this->*found->second)(id, payload);
-  return true;
+  return RunHandler(*this, m_handlers, id, payload);
 }
 
 }  // namespace VELLOMAR_SERVER_API

@@ -101,7 +101,8 @@ std::optional<std::string> FindFault(const Field& field, const json& value) {
                                           .route = vellomar_host::Route::Post,
                                           .operation = "",
                                           .fields = notation,
-                                          .shape = ""};
+                                          .shape = "",
+                                          .meaning = ""};
   try {
     vellomar_host::EncodeArguments(command, {{field.name, value}});
     return std::nullopt;

@@ -9,32 +9,16 @@ namespace {
 
 using VELLOMAR_LORIMEL::EventKey;
 
-// Buttons and rows that stay on or open until they are pressed again.
+// Buttons, and rows without a box, that stay on or open until they are pressed again.
 constexpr std::array kToggles = {
-    EventKey::Participants,
-    EventKey::HostControl,
-    EventKey::AnnotatePermission,
-    EventKey::RemoteControl,
-    EventKey::Chat,
-    EventKey::More,
-    EventKey::Record,
-    EventKey::Annotate,
-    EventKey::Subtitles,
-    EventKey::LiveStream,
-    EventKey::Labs,
-    EventKey::Settings,
+    EventKey::Participants,    EventKey::HostControl, EventKey::AnnotatePermission,
+    EventKey::RemoteControl,   EventKey::Chat,        EventKey::More,
+    EventKey::Record,          EventKey::Annotate,    EventKey::Subtitles,
+    EventKey::LiveStream,      EventKey::Labs,        EventKey::Settings,
     EventKey::MeetingIdExpand,
-    EventKey::MoveNew,
-    EventKey::OnlyHostShare,
-    EventKey::OnlyHostReshare,
-    EventKey::NewParticipantMic,
-    EventKey::MicOperate,
-    EventKey::MuteOrigin,
-    EventKey::OptimizeForVideoClips,
-    EventKey::KeepMyVideoOnTheScreen,
-    EventKey::OnlyThePresenterCanAnnotate,
 };
 
+// ShareAudio's box turns when the plug-in says so.
 constexpr std::array kCheckRows = {
     EventKey::MoveNew,
     EventKey::OnlyHostShare,
@@ -70,7 +54,8 @@ constexpr std::array kDropDowns = {
 }  // namespace
 
 bool IsToggle(EventKey key) {
-  return std::find(kToggles.begin(), kToggles.end(), key) != kToggles.end();
+  return std::find(kToggles.begin(), kToggles.end(), key) != kToggles.end() ||
+         (IsCheckRow(key) && key != EventKey::ShareAudio);
 }
 
 OwnedButton AfterPress(const OwnedButton& button) {
