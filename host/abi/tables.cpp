@@ -28,7 +28,7 @@ constexpr std::string_view kShape<VellomarNone> = "none";
 
 template <typename Record>
 constexpr std::string_view ShapeOf(Route route) {
-  return route == Route::Sync ? "answering" : kShape<Record>;
+  return route == Route::kSync ? "answering" : kShape<Record>;
 }
 
 template <typename Record>
@@ -41,10 +41,10 @@ constexpr std::array kCommands = {
   Command{id,                                                                 \
           #name,                                                              \
           sizeof(record),                                                     \
-          Route::route,                                                       \
+          Route::k##route,                                                    \
           #operation,                                                         \
           fields,                                                             \
-          ShapeOf<record>(Route::route),                                      \
+          ShapeOf<record>(Route::k##route),                                   \
           meaning},
 #include "vellomar/command_table.def"
 };
@@ -88,11 +88,11 @@ const Notification* FindNotification(std::uint64_t id) {
 
 std::string_view RouteName(Route route) {
   switch (route) {
-    case Route::Post:
+    case Route::kPost:
       return "Post";
-    case Route::Sync:
+    case Route::kSync:
       return "Sync";
-    case Route::TraceOnly:
+    case Route::kTraceOnly:
       break;
   }
   return "TraceOnly";

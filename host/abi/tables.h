@@ -12,7 +12,7 @@
 
 namespace vellomar_host {
 
-enum class Route { Post, Sync, TraceOnly };
+enum class Route { kPost, kSync, kTraceOnly };
 
 struct Command {
   std::uint64_t id;

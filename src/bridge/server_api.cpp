@@ -73,9 +73,9 @@ void VellomarServerApiResponser::OnAvatar(std::uint64_t, void* payload) {
   if (!callback || !*callback) {
     return;
   }
-  std::string key(OrEmpty(record.avatarKey));
-  std::string path(OrEmpty(record.avatarPath));
-  (*callback)(std::move(key), std::move(path));
+  const std::string key(OrEmpty(record.avatarKey));
+  const std::string path(OrEmpty(record.avatarPath));
+  (*callback)(key, path);
 }
 
 void VellomarServerApiResponser::OnOther(std::uint64_t id, void* payload) {

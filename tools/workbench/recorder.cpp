@@ -55,7 +55,7 @@ void Recorder::Take(const TranscriptEntry& entry) {
 
 void Recorder::TakeSend(const TranscriptEntry& entry) {
   const auto* command = vellomar_host::FindCommand(std::string_view(entry.subject));
-  const bool posts = command != nullptr && command->route == vellomar_host::Route::Post;
+  const bool posts = command != nullptr && command->route == vellomar_host::Route::kPost;
   ordered_json step = {{"send", entry.subject}};
   if (!entry.details.empty()) {
     step["args"] = entry.details;

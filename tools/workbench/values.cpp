@@ -98,7 +98,7 @@ std::optional<std::string> FindFault(const Field& field, const json& value) {
   const vellomar_host::Command command = {.id = 0,
                                           .name = "",
                                           .record_size = vellomar_host::ParseLayout(notation).size,
-                                          .route = vellomar_host::Route::Post,
+                                          .route = vellomar_host::Route::kPost,
                                           .operation = "",
                                           .fields = notation,
                                           .shape = "",

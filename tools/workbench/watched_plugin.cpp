@@ -29,7 +29,7 @@ void KeepLoaded(const std::filesystem::path& file) {
 
 // Commands that only say something once, like a hint, are not told again.
 bool SetsState(const Command& command) {
-  if (command.route != vellomar_host::Route::Post) {
+  if (command.route != vellomar_host::Route::kPost) {
     return false;
   }
   if (command.id == VELLOMAR_COMMAND_setTextMap) {

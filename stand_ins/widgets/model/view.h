@@ -27,6 +27,8 @@ struct Window {
 
 class View {
  public:
+  virtual ~View() = default;
+
   // The bar is there, not yet visible, until CloseBar, which takes all other windows along.
   virtual Window MakeBar() = 0;
   virtual void ShowBar(bool show) = 0;
@@ -60,7 +62,6 @@ class View {
   View() = default;
   View(const View&) = default;
   View& operator=(const View&) = default;
-  ~View() = default;
 };
 
 }  // namespace vellomar_widgets

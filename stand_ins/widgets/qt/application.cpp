@@ -125,8 +125,8 @@ Ui* CurrentUi(const char* caller) {
     g_ui = new Ui;
     qAddPostRoutine(DestroyUi);
     SetDispatcher(QAbstractEventDispatcher::instance());
-    static const int kRegistered = std::atexit([] { g_exiting = true; });
-    Q_UNUSED(kRegistered);
+    static const int registered = std::atexit([] { g_exiting = true; });
+    Q_UNUSED(registered);
   }
   return g_ui;
 }

@@ -23,7 +23,7 @@ namespace vellomar_widgets::qt {
 class Ui final : public View {
  public:
   Ui();
-  ~Ui();
+  ~Ui() override;
   Q_DISABLE_COPY_MOVE(Ui)
 
   Model model{*this};
