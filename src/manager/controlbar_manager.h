@@ -169,7 +169,7 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void RecreateControlbar();
   bool IsSketchLoading() const;
   void RefreshLeaveButton();
-  void RefreshSubRoom(std::string name, bool inside);
+  void RefreshSubRoom(std::string name);
   static void LogDevices(const DeviceList& list);
   void SetVideoOption(EventKey key, int visible, int enabled, int checked);
   void SetDeviceStatus(EventKey key, std::uint64_t text_id, std::int64_t status,

@@ -268,19 +268,19 @@ void ControlbarManager::UpdateParticipants(const SharedParticipantList& particip
 void ControlbarManager::EnterMeetingSubRoom(std::string room_name, std::string room_id) {
   const Scope scope(__func__);
   m_data->SetEnterSubRoom(room_name, std::move(room_id));
-  RefreshSubRoom(std::move(room_name), true);
+  RefreshSubRoom(std::move(room_name));
 }
 
 void ControlbarManager::LeaveMeetingSubRoom() {
   const Scope scope(__func__);
   m_data->SetLeaveSubRoom();
-  RefreshSubRoom({}, false);
+  RefreshSubRoom({});
 }
 
-void ControlbarManager::RefreshSubRoom(std::string name, bool inside) {
+void ControlbarManager::RefreshSubRoom(std::string name) {
   RefreshLeaveButton();
   m_data->SetComposedLabel(EventKey::SubRoomName, std::move(name));
-  Apply(Shown(EventKey::SubRoomName, inside));
+  Apply(Shown(EventKey::SubRoomName, m_data->IsInSubRoom()));
 }
 
 }  // namespace VELLOMAR_CONTROLBAR
