@@ -61,12 +61,12 @@ Lorimel* Lorimel::GetInstance() {
 }
 
 bool Lorimel::CreateControlbar(const char* title, std::int64_t, std::int64_t, std::int64_t,
-                               std::int64_t, CreatedCallback* onCreated, ClosedCallback* onClosed,
+                               std::int64_t, CreatedCallback* on_created, ClosedCallback* on_closed,
                                bool, BtnParams* params, int, int, bool) {
   bench::Read({title});
-  bench::callbacks.on_closed = onClosed;
+  bench::callbacks.on_closed = on_closed;
   bench::callbacks.records = params;
-  onCreated(&bench::window, 0, 0, 800, 60, true, 1);
+  on_created(&bench::window, 0, 0, 800, 60, true, 1);
   return true;
 }
 

@@ -88,21 +88,21 @@ Lorimel* Lorimel::GetInstance() {
 }
 
 bool Lorimel::CreateControlbar(const char* title, std::int64_t x, std::int64_t y,
-                               std::int64_t width, std::int64_t height, CreatedCallback* onCreated,
-                               ClosedCallback* onClosed, bool unused, BtnParams* params,
-                               int paramsCount, int type, bool simplify) {
+                               std::int64_t width, std::int64_t height, CreatedCallback* on_created,
+                               ClosedCallback* on_closed, bool unused, BtnParams* params,
+                               int params_count, int type, bool simplify) {
   WidgetLibrary& library = TheLibrary();
   const bool accepted =
       Call("CreateControlbar", Quoted(title), x, y, width, height,
-           Given(reinterpret_cast<void*>(onCreated)), Given(reinterpret_cast<void*>(onClosed)),
-           unused, paramsCount, type, simplify);
-  streams::TakeRecords(params, paramsCount);
+           Given(reinterpret_cast<void*>(on_created)), Given(reinterpret_cast<void*>(on_closed)),
+           unused, params_count, type, simplify);
+  streams::TakeRecords(params, params_count);
   if (!accepted) {
     return false;
   }
-  library.records = {params, static_cast<std::size_t>(paramsCount)};
-  library.on_created = onCreated;
-  library.on_closed = onClosed;
+  library.records = {params, static_cast<std::size_t>(params_count)};
+  library.on_created = on_created;
+  library.on_closed = on_closed;
   library.bar = &library.handles.emplace_back();
   library.open = true;
   if (!library.created_later) {
