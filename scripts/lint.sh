@@ -86,7 +86,7 @@ batches() {
 # is done again by halves.
 tidy() {
   local -a words arguments
-  local source output half
+  local source output half half_failed
   IFS=$'\t' read -ra words <<<"$1"
   eval "arguments=(${words[0]})"
   source=$(mktemp --tmpdir="$root/build/lint" --suffix=".${words[1]##*.}")
@@ -98,9 +98,10 @@ tidy() {
   rm "$source"
   if [ ${#words[@]} -gt 2 ] && [[ $output == *clang-diagnostic-error* ]]; then
     half=$((${#words[@]} / 2))
-    tidy "$(printf '%s\t' "${words[@]:0:half+1}")" "${@:2}" &&
-      tidy "$(printf '%s\t' "${words[0]}" "${words[@]:half+1}")" "${@:2}"
-    return
+    half_failed=0
+    tidy "$(printf '%s\t' "${words[@]:0:half+1}")" "${@:2}" || half_failed=1
+    tidy "$(printf '%s\t' "${words[0]}" "${words[@]:half+1}")" "${@:2}" || half_failed=1
+    return "$half_failed"
   fi
   printf '%s\n' "$output"
   return 1

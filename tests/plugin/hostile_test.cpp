@@ -84,7 +84,7 @@ class Chaos {
   std::string Argument(const streams::Field& field) {
     const bool is_record = streams::FindMessage("record", field.type) != nullptr;
     std::string list = field.is_array ? Any(kLists) : is_record ? "[@]" : "@";
-    for (std::size_t at; (at = list.find('@')) != list.npos;) {
+    for (std::size_t at = 0; (at = list.find('@')) != list.npos;) {
       list.replace(at, 1, Value(field.type));
     }
     return list;
@@ -95,7 +95,7 @@ class Chaos {
       return std::to_string(random_() % 3 * 127);
     }
     if (type == "text" && random_() % 9 == 0) {
-      return std::string(20'000, 'x');
+      return {std::string(20'000, 'x')};
     }
     if (type == "text") {
       return random_() % 9 == 0 ? "null" : streams::Quoted(Any(kTexts));

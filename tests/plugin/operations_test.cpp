@@ -67,7 +67,7 @@ TEST(Resources, AnAnswerIsKeptUntilTheHostDropsItOrTheNextOne) {
     SCOPED_TRACE(command.name);
     const auto leave = [&] {
       auto entry = __ResourceCollectionPool__::MakeEntry(command.id);
-      const std::weak_ptr<__ResourceCollection__> answer = entry.mapped();
+      std::weak_ptr<__ResourceCollection__> answer = entry.mapped();
       pool.Add(std::move(entry));
       return answer;
     };

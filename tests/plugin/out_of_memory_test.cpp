@@ -60,7 +60,7 @@ class Steps {
  public:
   Steps(std::initializer_list<std::string> lines) {
     for (std::string line : lines) {
-      for (std::size_t at; (at = line.find('$')) != line.npos;) {
+      for (std::size_t at = 0; (at = line.find('$')) != line.npos;) {
         line.replace(at, 2, streams::Quoted(line[at + 1] == '1' ? kText : kOther));
       }
       const std::string name = line.substr(0, line.find(' '));
@@ -89,8 +89,9 @@ class Steps {
 // Of the participants one joins, one leaves, one changes; then comes the answer about an avatar.
 void SendMeeting() {
   static Steps steps = {
-      "setTextMap ids=[10001,10004,10069,10094]"
-      " texts=[$1,$2,\"the number of it: {{number}}\",\"leave {{roomName}}\"]",
+      // NOLINTNEXTLINE(bugprone-suspicious-missing-comma)
+      "setTextMap ids=[10001,10004,10069,10094] "
+      "texts=[$1,$2,\"the number of it: {{number}}\",\"leave {{roomName}}\"]",
       "showSharedControlbar",
       "setWindowTitle title=$1",
       "setMeetingNumber number=$1",

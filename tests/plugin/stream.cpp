@@ -71,14 +71,14 @@ std::size_t Depth(const std::string& line) {
 // UpdateUIElement is most of what happens: its scope, its log line and its push are one line where
 // they are just these.
 Lines WithUpdatesInOneLine(const Lines& lines) {
-  const std::string kScope = "in Manager::UpdateUIElement", kLog = "log update lorimel ui: ";
+  const std::string scope = "in Manager::UpdateUIElement", log = "log update lorimel ui: ";
   Lines short_lines;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const std::string indent(Depth(lines[i]), ' ');
-    if (lines[i] == indent + kScope && i + 2 < lines.size() &&
-        lines[i + 1].starts_with(indent + "  " + kLog) &&
+    if (lines[i] == indent + scope && i + 2 < lines.size() &&
+        lines[i + 1].starts_with(indent + "  " + log) &&
         (i + 3 == lines.size() || Depth(lines[i + 3]) <= indent.size())) {
-      const std::string key = lines[i + 1].substr(indent.size() + 2 + kLog.size());
+      const std::string key = lines[i + 1].substr(indent.size() + 2 + log.size());
       const std::string push = indent + "  push " + key;
       if (lines[i + 2] == push || lines[i + 2].starts_with(push + " ")) {
         short_lines.push_back(indent + "update " + key + lines[i + 2].substr(push.size()));

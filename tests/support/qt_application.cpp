@@ -15,7 +15,7 @@ std::unique_ptr<QApplication> g_application;
 class Application : public testing::Environment {
   void TearDown() override { g_application.reset(); }
 };
-const testing::Environment* const g_end = testing::AddGlobalTestEnvironment(new Application);
+const testing::Environment* const kEnd = testing::AddGlobalTestEnvironment(new Application);
 
 }  // namespace
 

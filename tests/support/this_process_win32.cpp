@@ -28,7 +28,7 @@ std::filesystem::path CopyDeep(const std::filesystem::path& file,
     made /= part;
     CreateDirectoryW(Extended(made).c_str(), nullptr);  // fails for those that are there
   }
-  const auto copy = folder / file.filename();
+  auto copy = folder / file.filename();
   CopyFileW(Extended(file).c_str(), Extended(copy).c_str(), FALSE);
   return copy;
 }

@@ -9,6 +9,6 @@ namespace {
 class Host : public testing::Environment {
   void SetUp() override { BringApplication(); }
 };
-const testing::Environment* const g_host = testing::AddGlobalTestEnvironment(new Host);
+const testing::Environment* const kHost = testing::AddGlobalTestEnvironment(new Host);
 
 }  // namespace

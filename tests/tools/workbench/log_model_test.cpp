@@ -18,6 +18,7 @@ class LogModelTest : public testing::Test {
  protected:
   void Append(const std::vector<std::string>& texts, int level = 3, std::thread::id thread = {}) {
     std::vector<LogLine> lines;
+    lines.reserve(texts.size());
     for (const std::string& text : texts) {
       lines.push_back({{}, thread, "module", level, text});
     }
