@@ -25,7 +25,12 @@ need_packages lint windows
 configure linux
 configure windows
 
-all_files() { git ls-files --cached --others --exclude-standard -- '*.c' '*.h' '*.cpp'; }
+# Also of a copy that is no repository.
+all_files() {
+  git ls-files --cached --others --exclude-standard -- '*.c' '*.h' '*.cpp' 2>/dev/null ||
+    find . \( -path ./build -o -path ./out \) -prune -o -name '*.[ch]' -print -o -name '*.cpp' -print |
+    sed 's#^\./##'
+}
 
 # changed_files RELEASE: what changed since then, and what includes that, through any number of
 # headers. Headers are told apart by their last name only: rather too many files than too few.
