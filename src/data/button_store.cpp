@@ -55,6 +55,15 @@ void ButtonStore::SetComposedLabel(EventKey key, std::string label) {
   At(key).valueText = slot.c_str();
 }
 
+void ButtonStore::RestoreComposedLabel(EventKey key) {
+  const std::string& slot = m_slots[*Index(key)];
+  if (slot.empty()) {
+    return;
+  }
+  SetLabel(key, slot.c_str());
+  At(key).valueText = slot.c_str();
+}
+
 bool ButtonStore::ForgetComposedLabel(EventKey key) {
   std::string& slot = m_slots[*Index(key)];
   slot.clear();

@@ -45,6 +45,8 @@ class ButtonStore {
   void SetLabel(EventKey key, const char* text);  // unless the record has test content
   // The record's own string slot keeps the label.
   void SetComposedLabel(EventKey key, std::string label);
+  // Shows the composed label again, where there is one.
+  void RestoreComposedLabel(EventKey key);
   // Empties the slot where it is. True where the label was in it.
   bool ForgetComposedLabel(EventKey key);
   // Replaces what the host names of a record. Changes nothing where memory runs out.

@@ -159,6 +159,10 @@ class ControlBarDataManager {
   void UpdateBtnShareNewExpandStatus();
   // The labels of ShareNew and StopSharing name what is shared.
   void UpdateSubTypeLabels();
+  // Labels that a text map has taken away, or wrote in another language, where there is a value.
+  void UpdateParticipantsLabel();
+  void UpdateMeetingNumberLabel();
+  void UpdateShareMeetingNameLabel();
   void UpdateLeaveButton();
   // The meeting was left: empties lists and texts, and the records that showed them.
   void ClearDataCache();

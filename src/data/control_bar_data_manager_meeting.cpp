@@ -171,6 +171,17 @@ void ControlBarDataManager::SetParticipantCount(std::uint32_t count) {
   Store(__func__, m_meeting.participant_count_text, fmt::format("{}", count));
 }
 
+void ControlBarDataManager::UpdateParticipantsLabel() {
+  const Scope scope(__func__);
+  const std::string& count = m_meeting.participant_count_text;
+  if (count.empty()) {
+    return;
+  }
+  const char* const text = GetNativeText(text_id::kParticipants);
+  SetComposedLabel(EventKey::Participants, fmt::format("{}{}({})", VELLOMAR_COMMON::OrEmpty(text),
+                                                       text != nullptr ? " " : "", count));
+}
+
 const char* ControlBarDataManager::GetParticipantCountString() const {
   const Scope scope(__func__);
   return m_meeting.participant_count_text.c_str();
@@ -183,6 +194,18 @@ void ControlBarDataManager::SetMeetingNumber(const std::string& number) {
   m_meeting.number = number;
   m_meeting.number_text = std::move(text);
   SetComposedLabel(EventKey::InfoText, std::move(label));
+}
+
+void ControlBarDataManager::UpdateMeetingNumberLabel() {
+  const Scope scope(__func__);
+  if (!m_meeting.number.empty()) {
+    SetMeetingNumber(std::string(m_meeting.number));
+  }
+}
+
+void ControlBarDataManager::UpdateShareMeetingNameLabel() {
+  const Scope scope(__func__);
+  m_buttons.RestoreComposedLabel(EventKey::ShareMeetingName);
 }
 
 const char* ControlBarDataManager::GetMeetingNumberFormat() const {
@@ -275,7 +298,7 @@ void ControlBarDataManager::UpdateSubTypeLabels() {
     if (!row.NamesWhatIsShared()) {
       continue;
     }
-    SetEventKeyParams(row.key, GetNativeText(row.Label(screen_share)), 0);
+    m_buttons.SetLabel(row.key, GetNativeText(row.Label(screen_share)));
   }
 }
 

@@ -144,11 +144,8 @@ void ControlbarManager::SetParticipantsCount(int count) {
   Info("SetParticipantsCount:{}", count);
   Info("[Controlbar] Set participants count {}.", count);
   const auto shown = static_cast<std::uint32_t>(std::max(count, 0));
-  const char* const text = m_data->GetNativeText(text_id::kParticipants);
-  std::string label =
-      fmt::format("{}{}({})", VELLOMAR_COMMON::OrEmpty(text), text != nullptr ? " " : "", shown);
   m_data->SetParticipantCount(shown);
-  m_data->SetComposedLabel(EventKey::Participants, std::move(label));
+  m_data->UpdateParticipantsLabel();
   UpdateUIElement(EventKey::Participants);
   UpdateUIElement(EventKey::RemoteControl);
 }

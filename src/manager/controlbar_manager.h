@@ -163,12 +163,16 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   void RefreshShareNew();
   // Others see this user's screen, shared or under their control.
   bool IsScreenSeen() const { return m_isSharing || m_data->IsUnderControl(); }
-  bool IsPaused() const { return m_isSharingPaused || m_isRemoteControlPaused; }
+  bool IsPaused() const {
+    return m_isSharingPaused || (m_isRemoteControlPaused && m_data->IsUnderControl());
+  }
   ButtonChange PauseIndicator() const;
   ButtonChange SharingIndicator() const;
   void RecreateControlbar();
   bool IsSketchLoading() const;
   void RefreshLeaveButton();
+  void RefreshParticipants();
+  void RefreshInfoText();
   void RefreshSubRoom(std::string name);
   static void LogDevices(const DeviceList& list);
   void SetVideoOption(EventKey key, int visible, int enabled, int checked);
@@ -185,7 +189,7 @@ class ControlbarManager : public VELLOMAR_COMMON::Singleton<ControlbarManager> {
   std::uint64_t m_meetingDuration = 0;
   bool m_simplify = false;
   bool m_isSharing = false;
-  bool m_isSharingPaused = false;
+  bool m_isSharingPaused = false;  // never without sharing
   bool m_isRemoteControlPaused = false;
 };
 

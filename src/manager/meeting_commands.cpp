@@ -23,8 +23,9 @@ void ControlbarManager::SetHostType(std::int64_t type) {
   if (m_data->IsInSubRoom()) {
     Info(m_data->LeavesSubRoom() ? "sub room host: leave button icon switch"
                                  : "sub room participant: leave button icon switch");
+    m_data->UpdateLeaveButton();
   }
-  RefreshLeaveButton();
+  UpdateUIElement(EventKey::Leave);
 }
 
 void ControlbarManager::RefreshLeaveButton() {
@@ -85,10 +86,21 @@ void ControlbarManager::SetMeetingSubType(std::int64_t type) {
   }
   SetSketchEnable(m_data->GetSketchEnabled());
   SetSketchVisible(m_data->GetSketchVisible());
-  UpdateUIElement(EventKey::Participants);
+  RefreshParticipants();
   UpdateUIElement(EventKey::Annotate);
   RefreshShareNew();
+  m_data->UpdateShareMeetingNameLabel();
   UpdateUIElement(EventKey::ShareMeetingName);
+}
+
+void ControlbarManager::RefreshParticipants() {
+  m_data->UpdateParticipantsLabel();
+  UpdateUIElement(EventKey::Participants);
+}
+
+void ControlbarManager::RefreshInfoText() {
+  m_data->UpdateMeetingNumberLabel();
+  UpdateUIElement(EventKey::InfoText);
 }
 
 void ControlbarManager::SetMeetingNumber(const std::string& number) {
@@ -175,8 +187,8 @@ void ControlbarManager::SetSharingStatus(bool pause, std::int64_t sta) {
   const Scope scope(__func__);
   Info("SetSharingStatus pause = {}, sta = {}", pause, sta);
   m_isSharing = sta != 0;
-  m_isSharingPaused = pause;
-  UpdateUIElement(EventKey::InfoText);
+  m_isSharingPaused = pause && m_isSharing;
+  RefreshInfoText();
   Apply(PauseIndicator());
   Apply(SharingIndicator());
 }
@@ -192,7 +204,7 @@ void ControlbarManager::SetUnderControl(std::int64_t status, std::string user_id
   }
   Apply(Shown(EventKey::StopRemoteControl, under_control));
   Apply(PauseIndicator());
-  UpdateUIElement(EventKey::InfoText);
+  RefreshInfoText();
   Apply(SharingIndicator());
 }
 
