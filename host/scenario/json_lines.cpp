@@ -73,15 +73,55 @@ class LineFinder {
   JsonLines lines_;
 };
 
-}  // namespace
-
-JsonLines FindLines(std::string_view text) {
-  return LineFinder(text).Find();
-}
-
+// The line, from 1, of a position in the text.
 int LineAt(std::string_view text, std::size_t position) {
   const auto before = text.substr(0, position);
   return 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
+}
+
+// Where brackets are first too deep in each other; npos: nowhere. The text need not be JSON.
+std::size_t FindTooDeep(std::string_view text) {
+  constexpr int kDeepest = 64;
+  int depth = 0;
+  bool in_string = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char character = text[i];
+    if (in_string && character == '\\') {
+      ++i;
+    } else if (character == '"') {
+      in_string = !in_string;
+    } else if (!in_string && (character == '[' || character == '{') && ++depth > kDeepest) {
+      return i;
+    } else if (!in_string && (character == ']' || character == '}')) {
+      --depth;
+    }
+  }
+  return std::string_view::npos;
+}
+
+}  // namespace
+
+nlohmann::json ParseJson(std::string_view text) {
+  if (text.find_first_not_of(" \t\r\n") == std::string_view::npos) {
+    throw JsonError(1, "the file is empty");
+  }
+  if (const std::size_t at = FindTooDeep(text); at != std::string_view::npos) {
+    throw JsonError(LineAt(text, at), "more than 64 brackets are open in each other");
+  }
+  try {
+    return nlohmann::json::parse(text);
+  } catch (const nlohmann::json::parse_error& error) {
+    // The position that the library puts before its reason is told by line here.
+    const std::string_view what = error.what();
+    const auto position = what.find("column");
+    const auto end = position != std::string_view::npos ? what.find(": ", position) : position;
+    const auto words = end != std::string_view::npos ? what.substr(end + 2) : what;
+    throw JsonError(LineAt(text, error.byte > 0 ? error.byte - 1 : 0), std::string(words));
+  }
+}
+
+JsonLines FindLines(std::string_view text) {
+  return LineFinder(text).Find();
 }
 
 }  // namespace vellomar_host

@@ -23,7 +23,7 @@ class Reader {
   }
 
   Scenario Read() {
-    const json root = ParseJson();
+    const json root = ParseText();
     if (!root.is_object()) {
       Fault(1, "a scenario is an object");
     }
@@ -43,20 +43,11 @@ class Reader {
   }
 
  private:
-  json ParseJson() {
-    if (text_.find_first_not_of(" \t\r\n") == std::string::npos) {
-      Fault(1, "the file is empty");
-      throw HostError(Report());
-    }
+  json ParseText() {
     try {
-      return json::parse(text_);
-    } catch (const json::parse_error& error) {
-      // The position that the library puts before its reason is told by line here.
-      const std::string_view what = error.what();
-      const auto position = what.find("column");
-      const auto end = position != std::string_view::npos ? what.find(": ", position) : position;
-      const auto words = end != std::string_view::npos ? what.substr(end + 2) : what;
-      Fault(LineAt(text_, error.byte > 0 ? error.byte - 1 : 0), words);
+      return ParseJson(text_);
+    } catch (const JsonError& error) {
+      Fault(error.line, error.what());
       throw HostError(Report());
     }
   }

@@ -11,6 +11,7 @@
 #include "host/abi/button_json.h"
 #include "host/abi/payload.h"
 #include "host/host_error.h"
+#include "host/scenario/json_lines.h"
 #include "host/scenario/scenario.h"
 #include "vellomar/command_records.h"
 
@@ -92,9 +93,9 @@ const Notification* ReadNotification(const json& object, std::string_view member
 json ReadTextFile(const path& file) {
   json texts;
   try {
-    texts = json::parse(ReadFile(file));
-  } catch (const json::parse_error& error) {
-    throw HostError(fmt::format("\"{}\": {}", file.string(), error.what()));
+    texts = ParseJson(ReadFile(file));
+  } catch (const JsonError& error) {
+    throw HostError(fmt::format("\"{}\", line {}: {}", file.string(), error.line, error.what()));
   }
   if (!texts.is_object()) {
     throw HostError(fmt::format("\"{}\" is not an object", file.string()));

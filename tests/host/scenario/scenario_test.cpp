@@ -54,6 +54,11 @@ TEST(Scenario, TellsEveryFaultWithItsLine) {
   for (const auto& [text, fault] : cases) {
     EXPECT_EQ(FaultOf(text), fault);
   }
+  const std::string brackets(100'000, '[');
+  for (const std::string& end : {std::string(), std::string(100'000, ']')}) {
+    EXPECT_EQ(FaultOf("{\n\"name\": \"" + brackets + "\",\n\"steps\":" + brackets + end),
+              "s.json:3: more than 64 brackets are open in each other");
+  }
   EXPECT_TRUE(FaultOf("{\n\"steps\": [\n{\"note\": }\n]}").starts_with("s.json:3: syntax error"));
   EXPECT_TRUE(FaultOf("{\"name\": \"\xff\"}").starts_with("s.json:1: "));
 }
